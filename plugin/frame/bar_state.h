@@ -1,0 +1,20 @@
+#pragma once
+
+#include <string_view>
+
+#include "frame/host_contract.h"
+
+namespace arap {
+
+/// Sets the row commands and the look-up command by an action key (a command key, DisableEdit, EnableEdit, EnableSel or
+/// DisableSel; without regard to case), then hides mnuCopyRow and mnuBatchFillField after any action whatever. Statement
+/// errors are skipped.
+void SetEditBarState(const BillEvent& oBill, std::string_view sAction);
+
+/// Disables the body commands while the bill can't be edited (BillStatus 0).
+void DisableBodyCommands(const BillEvent& oBill);
+
+/// The 0-based position of a tool in a band, names in lower case; 0 also when there is none.
+std::int32_t FindToolIndex(const ActiveBar& oBar, const Variant& vBand, std::string_view sTool);
+
+}  // namespace arap
