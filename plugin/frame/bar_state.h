@@ -7,8 +7,8 @@
 namespace arap {
 
 /// Sets the row commands and the look-up command by an action key (a command key, DisableEdit, EnableEdit, EnableSel or
-/// DisableSel; without regard to case), then hides mnuCopyRow and mnuBatchFillField after any action whatever. Statement
-/// errors are skipped.
+/// DisableSel; without regard to case), then hides mnuCopyRow and mnuBatchFillField after any action whatever.
+/// Statement errors are skipped.
 void SetEditBarState(const BillEvent& oBill, std::string_view sAction);
 
 /// Disables the body commands while the bill can't be edited (BillStatus 0).

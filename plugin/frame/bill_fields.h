@@ -8,8 +8,8 @@
 /// The only way in which handlers read and write bill fields. A row number is 1-based; -1 is the head.
 namespace arap {
 
-/// The value of a field record under vProp (nearly always FFLD); vDefault when there is no such record or key. The value
-/// is not converted: a caller takes NumberOf or Concat of it.
+/// The value of a field record under vProp (nearly always FFLD); vDefault when there is no such record or key. The
+/// value is not converted: a caller takes NumberOf or Concat of it.
 Variant GetBillField(const BillEvent& oBill, const Variant& vKey, std::int32_t nRow, const Variant& vProp = "FFLD"_key,
                      const Variant& vDefault = ""_key);
 /// GetBillField as a number: Val of its text, so an empty or absent value is 0.

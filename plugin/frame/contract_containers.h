@@ -91,7 +91,9 @@ class Recordset : public View {
   void MoveFirst() const { call(Member::MoveFirst); }
   void MoveNext() const { call(Member::MoveNext); }
   /// Value of a column of the current record, by name or 0-based index: Fields(vColumn).Value.
-  Variant Value(const Variant& vColumn) const { return View(get(Member::Fields, vColumn)).object()->get(Member::Value); }
+  Variant Value(const Variant& vColumn) const {
+    return View(get(Member::Fields, vColumn)).object()->get(Member::Value);
+  }
 };
 
 }  // namespace arap

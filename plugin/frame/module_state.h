@@ -11,13 +11,13 @@ namespace arap {
 
 /// What the module holds for the life of the thread, all of it on the host's user-interface thread.
 struct ModuleState {
-  std::string sProps;                                         // last text given to ParsePropsString
-  std::vector<std::pair<std::string, std::string>> aProps;    // its pairs, in order
-  std::string sLanguage;                                      // filled by ApplyFormFont
-  Ref<Object> oLogin;                                         // a login object handed over by the host, usually none
-  Ref<Object> oGLData;                                        // NUVLPCGLView.GLData
-  Ref<Object> oFormFont;                                      // NUVFrmRes.FrmResLoader
-  Ref<Object> oFactory;                                       // the host's object factory
+  std::string sProps;                                       // last text given to ParsePropsString
+  std::vector<std::pair<std::string, std::string>> aProps;  // its pairs, in order
+  std::string sLanguage;                                    // filled by ApplyFormFont
+  Ref<Object> oLogin;                                       // a login object handed over by the host, usually none
+  Ref<Object> oGLData;                                      // NUVLPCGLView.GLData
+  Ref<Object> oFormFont;                                    // NUVFrmRes.FrmResLoader
+  Ref<Object> oFactory;                                     // the host's object factory
   int nWaitCursors = 0;
 };
 

@@ -30,8 +30,8 @@ GLData GetGLData();
 /// The subsystem under which every task is taken.
 inline constexpr std::int32_t kTaskSystem = 21;
 
-/// Takes a task for a guarded function and answers its id, above 0. vExtra is the guarded thing: an id, a Vector of ids,
-/// or Missing. Raises 16390 when the function is in use by another user.
+/// Takes a task for a guarded function and answers its id, above 0. vExtra is the guarded thing: an id, a Vector of
+/// ids, or Missing. Raises 16390 when the function is in use by another user.
 std::int32_t ExecFunc(std::int32_t nSystem, std::string_view sFunction, std::int32_t nA, std::int32_t nB,
                       const Variant& vExtra = Missing{});
 /// Gives a task back; nTaskID is 0 afterwards, or keeps its value when the host answers false. 0 answers false.

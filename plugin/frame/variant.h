@@ -27,8 +27,7 @@ class Ref {
   Ref(const Ref& other) noexcept : Ref(other.object_) {}
   Ref(Ref&& other) noexcept : object_(std::exchange(other.object_, nullptr)) {}
   template <class U>
-    requires std::derived_from<U, T> && (!std::same_as<U, T>)
-  Ref(const Ref<U>& other) noexcept : Ref(other.get()) {}
+  requires std::derived_from<U, T> &&(!std::same_as<U, T>)Ref(const Ref<U>& other) noexcept : Ref(other.get()) {}
   Ref& operator=(Ref other) noexcept {
     std::swap(object_, other.object_);
     return *this;
@@ -86,8 +85,8 @@ class Variant {
   /// An empty reference is Nothing.
   Variant(Ref<Object> object) noexcept;
   template <class T>
-    requires std::derived_from<T, Object>
-  Variant(const Ref<T>& object) noexcept : Variant(Ref<Object>(object)) {}
+  requires std::derived_from<T, Object> Variant(const Ref<T>& object)
+  noexcept : Variant(Ref<Object>(object)) {}
   Variant(const Variant&) noexcept;
   Variant(Variant&&) noexcept;
   Variant& operator=(const Variant&) noexcept;
