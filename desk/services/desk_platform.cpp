@@ -1,0 +1,74 @@
+#include "services/desk_platform.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QFileInfo>
+#include <QSysInfo>
+
+#include "frame/messages.h"
+
+namespace desk {
+
+namespace {
+
+constexpr int kReadOnly = 1;
+constexpr int kArchive = 32;
+constexpr int kFileNotFound = 53;
+
+QString qt_text(std::string_view sText) { return QString::fromUtf8(sText.data(), static_cast<qsizetype>(sText.size())); }
+
+QFileInfo existing_file(std::string_view sPath) {
+  QFileInfo info(qt_text(sPath));
+  if (!info.exists()) throw arap::AutomationError(kFileNotFound, "desk", "File not found: " + std::string(sPath));
+  return info;
+}
+
+}  // namespace
+
+int DeskPlatform::MsgBox(std::string_view sText, int nButtons, std::string_view sTitle) {
+  ShownMessage message{std::string(sText), nButtons, std::string(sTitle)};
+  message.nAnswer = answer(message);
+  messages_.push_back(message);
+  return message.nAnswer;
+}
+
+int DeskPlatform::answer(const ShownMessage& message) {
+  const bool bQuestion = message.nButtons == arap::kQuestion;
+  if (bQuestion && !answers_.empty()) {
+    const int nAnswer = answers_.front();
+    answers_.pop_front();
+    return nAnswer;
+  }
+  if (ask_user_) return ask_user_(message);
+  return bQuestion ? kButtonNo : kButtonOk;
+}
+
+std::optional<std::string> DeskPlatform::ComputerName() {
+  if (!computer_name_.empty()) return computer_name_;
+  const std::string sName = QSysInfo::machineHostName().toStdString();
+  if (sName.empty()) return std::nullopt;
+  return sName;
+}
+
+std::int32_t DeskPlatform::ProcessId() { return static_cast<std::int32_t>(QCoreApplication::applicationPid()); }
+
+std::string DeskPlatform::ApplicationPath() {
+  // Without a running application object the folder is unknown.
+  if (QCoreApplication::instance() == nullptr) return ".";
+  return QCoreApplication::applicationDirPath().toStdString();
+}
+
+bool DeskPlatform::FileExists(std::string_view sPath) { return QFileInfo(qt_text(sPath)).isFile(); }
+
+int DeskPlatform::FileAttributes(std::string_view sPath) {
+  return existing_file(sPath).isWritable() ? kArchive : kReadOnly;
+}
+
+void DeskPlatform::SetFileAttributes(std::string_view sPath, int nAttributes) {
+  const QFileInfo info = existing_file(sPath);
+  QFile::Permissions permissions = info.permissions();
+  permissions.setFlag(QFile::WriteOwner, (nAttributes & kReadOnly) == 0);
+  QFile::setPermissions(info.filePath(), permissions);
+}
+
+}  // namespace desk

@@ -1,0 +1,67 @@
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "frame/platform.h"
+#include "services/object_registry.h"
+
+namespace desk {
+
+/// A box that the program showed, with the answer that it got.
+struct ShownMessage {
+  std::string sText;
+  int nButtons = 0;
+  std::string sTitle;
+  int nAnswer = 0;
+};
+
+/// Numbers of the buttons of a message box.
+inline constexpr int kButtonOk = 1;
+inline constexpr int kButtonYes = 6;
+inline constexpr int kButtonNo = 7;
+
+/// The machine as the desk shows it to the library: boxes go to a callback or to answers given beforehand and are kept
+/// in order, objects are made by the registry, files are those of the machine.
+class DeskPlatform final : public arap::Platform {
+ public:
+  using AskUser = std::function<int(const ShownMessage&)>;
+
+  explicit DeskPlatform(ObjectRegistry& registry) : registry_(registry) {}
+
+  /// Who answers a box when no answer is queued. Without one a question is answered No and a notice OK.
+  void set_ask_user(AskUser ask) { ask_user_ = std::move(ask); }
+  /// The next question gets this answer. Notices use up no answer.
+  void queue_answer(int nButton) { answers_.push_back(nButton); }
+  const std::vector<ShownMessage>& messages() const { return messages_; }
+  void clear_messages() { messages_.clear(); }
+  /// The machine under which this seat takes its tasks; that of the system by default.
+  void set_computer_name(std::string sName) { computer_name_ = std::move(sName); }
+  int mouse_pointer() const { return mouse_pointer_; }
+
+  int MsgBox(std::string_view sText, int nButtons, std::string_view sTitle) override;
+  void SetMousePointer(int nPointer) override { mouse_pointer_ = nPointer; }
+  arap::Ref<arap::Object> CreateObject(std::string_view sProgID) override { return registry_.create(sProgID); }
+  std::optional<std::string> ComputerName() override;
+  std::int32_t ProcessId() override;
+  std::string ApplicationPath() override;
+  bool FileExists(std::string_view sPath) override;
+  int FileAttributes(std::string_view sPath) override;
+  void SetFileAttributes(std::string_view sPath, int nAttributes) override;
+  arap::Variant Picture(std::string_view) override { return {}; }
+
+ private:
+  int answer(const ShownMessage& message);
+
+  ObjectRegistry& registry_;
+  AskUser ask_user_;
+  std::deque<int> answers_;
+  std::vector<ShownMessage> messages_;
+  std::string computer_name_;
+  int mouse_pointer_ = 0;
+};
+
+}  // namespace desk
