@@ -1,0 +1,149 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "data/desk_error.h"
+#include "data/money.h"
+#include "frame/variant.h"
+
+namespace desk {
+
+using Value = arap::Variant;
+
+/// A value bound to a parameter of a statement. Money is bound as its stored integer, Empty, Null and Missing as NULL,
+/// a boolean as 1 or 0, a date as the text yyyy-mm-dd.
+class Bind {
+ public:
+  enum class Type : std::uint8_t { Null, Integer, Real, Text };
+  Bind() = default;
+  Bind(const Value& vValue);
+  Bind(Money amount) : type_(Type::Integer), integer_(amount.units) {}
+  Bind(std::int32_t nValue) : type_(Type::Integer), integer_(nValue) {}
+  Bind(std::int64_t nValue) : type_(Type::Integer), integer_(nValue) {}
+  Bind(double dValue) : type_(Type::Real), real_(dValue) {}
+  Bind(std::string_view sValue) : type_(Type::Text), text_(sValue) {}
+  Bind(const std::string& sValue) : type_(Type::Text), text_(sValue) {}
+  Bind(const char* sValue) : type_(Type::Text), text_(sValue) {}
+
+  Type type() const { return type_; }
+  std::int64_t integer() const { return integer_; }
+  double real() const { return real_; }
+  const std::string& text() const { return text_; }
+
+ private:
+  Type type_ = Type::Null;
+  std::int64_t integer_ = 0;
+  double real_ = 0;
+  std::string text_;
+};
+using Binds = std::vector<Bind>;
+
+/// The result of a query, as stored: a money column still holds its scaled integer. An integer that a 32-bit number
+/// can't hold comes as a double, or as text where a double would not be exact. NULL is Null.
+class Rows {
+ public:
+  using Columns = std::vector<std::string>;
+  Rows() = default;
+  Rows(std::shared_ptr<const Columns> columns, std::vector<Value> cells)
+      : columns_(std::move(columns)), cells_(std::move(cells)) {}
+
+  bool empty() const { return cells_.empty(); }
+  std::size_t size() const { return column_count() == 0 ? 0 : cells_.size() / column_count(); }
+  std::size_t column_count() const { return columns_ ? columns_->size() : 0; }
+  const std::shared_ptr<const Columns>& columns() const { return columns_; }
+  /// -1 when there is no such column; without regard to case.
+  int find_column(std::string_view sColumn) const;
+
+  /// Row and column count from 0. Raise DeskError for a row or column that isn't there.
+  const Value& at(std::size_t nRow, std::size_t nColumn) const;
+  const Value& at(std::size_t nRow, std::string_view sColumn) const;
+  /// NULL reads as 0 and "" here.
+  Money money(std::size_t nRow, std::string_view sColumn) const;
+  std::int32_t integer(std::size_t nRow, std::string_view sColumn) const;
+  double real(std::size_t nRow, std::string_view sColumn) const;
+  std::string text(std::size_t nRow, std::string_view sColumn) const;
+
+  std::vector<Value>& cells() { return cells_; }
+
+ private:
+  std::shared_ptr<const Columns> columns_;
+  std::vector<Value> cells_;
+};
+
+/// One connection to one book; used by one thread. Statements are prepared once and kept by their text, the least
+/// recently used one goes first. Needs a QCoreApplication.
+class Database {
+ public:
+  struct Options {
+    int nBusyTimeoutMs = 5000;
+    std::size_t nCachedStatements = 128;
+  };
+
+  /// Makes a new book with its tables; no rows. Raises DeskError when the file exists.
+  static std::unique_ptr<Database> create(const std::string& sPath) { return create(sPath, Options()); }
+  static std::unique_ptr<Database> create(const std::string& sPath, Options options);
+  /// Raises DeskError: MissingFile, NotABook, WrongVersion, Locked.
+  static std::unique_ptr<Database> open(const std::string& sPath) { return open(sPath, Options()); }
+  static std::unique_ptr<Database> open(const std::string& sPath, Options options);
+
+  ~Database();
+  Database(const Database&) = delete;
+  Database& operator=(const Database&) = delete;
+
+  /// Runs one statement in the database's own SQL, parameters as "?". All rows are fetched. For the texts of the
+  /// original server see sql_dialect.h. A new key comes back through "INSERT ... RETURNING FItemID".
+  Rows query(std::string_view sSql, const Binds& binds = {});
+  /// The same for a statement without a result; answers the number of rows changed.
+  std::int64_t exec(std::string_view sSql, const Binds& binds = {});
+  /// Runs statements separated by ";" one by one, without parameters.
+  void exec_script(std::string_view sScript);
+
+  /// First column of the first row; vDefault when there is no row.
+  Value value(std::string_view sSql, const Binds& binds = {}, const Value& vDefault = {});
+
+  const std::string& path() const { return path_; }
+  bool in_transaction() const { return depth_ > 0; }
+  std::size_t cached_statements() const;
+
+  /// Hears each SQL text of the plug-in as it arrives (the desk's inspector).
+  void set_sql_listener(std::function<void(std::string_view)> listener) { listener_ = std::move(listener); }
+  void tell_sql(std::string_view sSql) const {
+    if (listener_) listener_(sSql);
+  }
+
+ private:
+  friend class Transaction;
+  struct Connection;
+  Database(std::string sPath, Options options);
+  void connect(bool bCreate);
+  void check_is_book();
+
+  std::string path_;
+  Options options_;
+  std::unique_ptr<Connection> connection_;
+  std::function<void(std::string_view)> listener_;
+  int depth_ = 0;
+};
+
+/// A write transaction (BEGIN IMMEDIATE): rolled back unless commit() was called. One inside another is a savepoint.
+/// Never held while a message box waits.
+class Transaction {
+ public:
+  explicit Transaction(Database& database);
+  ~Transaction();
+  Transaction(const Transaction&) = delete;
+  Transaction& operator=(const Transaction&) = delete;
+  void commit();
+
+ private:
+  Database& database_;
+  int level_;
+  bool open_ = true;
+};
+
+}  // namespace desk
