@@ -1,0 +1,98 @@
+#include "settlement/settlement_bill.h"
+
+#include "frame/failure.h"
+#include "frame/server_objects.h"
+
+namespace arap {
+
+namespace {
+
+/// An optional by-reference argument: the caller's own, or a value that nobody looks at.
+Variant& OptionalArgument(Arguments args, std::size_t nIndex, Variant& vDefault) {
+  return nIndex < args.size() && !args[nIndex].is_missing() ? args[nIndex] : vDefault;
+}
+
+/// An object argument that may be Nothing, or left out.
+template <class T>
+T ObjectArgument(Arguments args, std::size_t nIndex) {
+  const Variant& vObject = argument(args, nIndex);
+  return vObject.is_object() ? T(vObject) : T();
+}
+
+}  // namespace
+
+SettlementBill::SettlementBill(const SettlementSide& side) : ListedBillClass(side.sClassName.view()), side_(side) {}
+
+SettlementBill::~SettlementBill() {
+  ReleaseEditTasksOfBill();
+  m_BillInterface.clear();
+  m_LstInterface.clear();
+  m_rsList = {};
+  m_oListDataServer = {};
+  ResumeNext([] { GetGLData().SetDeleteOptions(false); });
+  ResumeNext([] { GetGLData().RefreshCurrencySet(); });
+  CommitHeldTask();
+}
+
+void SettlementBill::Show(const Ref<Object>& oSource) {
+  ListedBillClass::Show(oSource);
+  if (TypeNameOf(oSource) != kListEvents) return;
+  m_rsList = List().ListData();
+  m_oListDataServer = List().ListDataServer();
+}
+
+Variant SettlementBill::invoke(Member member, Access access, Arguments args) {
+  if (member != Member::DoOptToBill || access == Access::Put || access == Access::PutRef) {
+    return ListedBillClass::invoke(member, access, args);
+  }
+  Variant vCode = std::int16_t{0};
+  Variant vDesc = "";
+  return DoOptToBill(ToLong(argument(args, 0)), ToLong(argument(args, 1)), ToLong(argument(args, 2)),
+                     OptionalArgument(args, 3, vCode), OptionalArgument(args, 4, vDesc));
+}
+
+std::string_view SettlementBill::GetTaskCode(int nIndex) const {
+  return nIndex >= 0 && nIndex < static_cast<int>(side_.aTaskCodes.size()) ? side_.aTaskCodes[nIndex].view() : "";
+}
+
+void SettlementBill::OnBillEvent(Event event, Arguments args) {
+  switch (event) {
+    case Event::BarInitialize: return m_BillInterface_BarInitialize(ActiveBar(argument(args, 0)));
+    case Event::MenuBarInitialize: return m_BillInterface_MenuBarInitialize(ActiveBar(argument(args, 0)));
+    case Event::BeforeLoadBill: return m_BillInterface_BeforeLoadBill();
+    case Event::BeforLoadBillFillData: return m_BillInterface_BeforLoadBillFillData();
+    case Event::AfterLoadBill: return m_BillInterface_AfterLoadBill();
+    case Event::AfterNewBill: return m_BillInterface_AfterNewBill();
+    case Event::BeginEdit: return m_BillInterface_BeginEdit(FieldInfo(argument(args, 0)));
+    case Event::Change:
+      return m_BillInterface_Change(FieldInfo(argument(args, 0)), FieldRecord(argument(args, 1)),
+                                    LongOf(argument(args, 3)), argument(args, 4));
+    case Event::HeadCtlLostFocus: return m_BillInterface_HeadCtlLostFocus(ObjectArgument<FieldInfo>(args, 1));
+    case Event::AfterDoAction: return m_BillInterface_AfterDoAction(Concat(argument(args, 5)));
+    case Event::BeforeSelBills:
+      return m_BillInterface_BeforeSelBills(LongOf(argument(args, 0)), argument(args, 1).object(), argument(args, 3));
+    case Event::AfterSelBillBeforeFillData:
+      return m_BillInterface_AfterSelBillBeforeFillData(Dictionary(argument(args, 0)));
+    case Event::AfterSelBill: return m_BillInterface_AfterSelBill();
+    case Event::BeforeSave: return m_BillInterface_BeforeSave(argument(args, 0));
+    case Event::SaveBillFailed: return m_BillInterface_SaveBillFailed();
+    case Event::MenuBarClick: return m_BillInterface_MenuBarClick(Tool(argument(args, 0)), argument(args, 1));
+    case Event::AfterNewEmptyData:
+    case Event::AfterSave:
+    case Event::AfterGetData:
+    case Event::RefreshList:
+    case Event::ClassGroupSelected: return;
+  }
+}
+
+// The list's data is on screen: nothing is left to do, and the other events of the list aren't heard.
+void SettlementBill::OnListEvent(Event, Arguments) {}
+
+double SettlementBill::MultiplierOf(const Currency& oCurrency) {
+  const std::string sOperator = oCurrency.Operator();
+  if (sOperator == "*") return NumberOf(oCurrency.ExchangeRate());
+  if (sOperator == "/") return Divide(1, NumberOf(oCurrency.ExchangeRate()));
+  return 0;
+}
+
+}  // namespace arap

@@ -1,0 +1,208 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "frame/bill_fields.h"
+#include "frame/conversions.h"
+#include "frame/public_class.h"
+#include "settlement/settlement_sides.h"
+
+namespace arap {
+
+/// A settlement bill and its list: money that moved between the business and a partner, and the open bills that it
+/// settles. One class for both sides; what differs is read from the side. Partner means customer or supplier, received
+/// means received or paid.
+class SettlementBill : public ListedBillClass {
+ public:
+  Variant invoke(Member member, Access access, Arguments args) override;
+
+  /// Deletes (0), checks (1) or unchecks (2) one bill under a task and writes the action log. vCode becomes the
+  /// service's code, vMessage the text for the user; true exactly for code 0. Raises nothing: an error is a message.
+  bool DoOptToBill(std::int32_t nTransType, std::int32_t nInterID, std::int32_t nCheckType, Variant& vCode,
+                   Variant& vMessage);
+
+ protected:
+  explicit SettlementBill(const SettlementSide& side);
+  ~SettlementBill() override;
+
+  void Show(const Ref<Object>& oSource) override;
+  std::string_view GetTaskCode(int nIndex) const override;
+  void OnBillEvent(Event event, Arguments args) override;
+  void OnListEvent(Event event, Arguments args) override;
+
+  const SettlementSide& side_;
+
+ private:
+  /// One edit as Change reports it.
+  struct Edit {
+    const FieldRecord& oRecord;
+    std::int32_t nRow;
+    Variant& vCancel;
+
+    /// The number in FFLD: the new value.
+    double NewNumber() const { return NumberOf(oRecord.Value("FFLD"_key)); }
+    std::int32_t NewId() const { return LongOf(oRecord.Value("FFLD"_key)); }
+  };
+  /// What BeforeSave reads from the head before its tests.
+  struct SaveHead {
+    double dDiscount;
+    std::int32_t nType;
+    double dAmount;
+    std::int32_t nCur;
+  };
+  class SaveRows;
+
+  // --- new_and_load ---
+  void m_BillInterface_BeforeLoadBill();
+  void m_BillInterface_BeforLoadBillFillData();
+  void m_BillInterface_AfterNewBill();
+  void m_BillInterface_AfterLoadBill();
+  void InitDiscountScale() { m_nDiscountScale = 6; }
+  void SetNewBillDecimals();
+  void SetNewBillDiscountAccount();
+  void SetBaseCurrencyInHead();
+  void ShowEditableBar();
+  void ShowEditableBarByStatus();
+  void LockRowPartners();
+  void ShowReadOnlyBar();
+  void ShowVoucherTool();
+  void LockAsLoaded(std::int32_t nStatus);
+  void ApplyPushOnLoad();
+
+  // --- head_locks ---
+  /// The single place that sets head locks by status.
+  void ApplyStatusLocks(std::int32_t nStatus);
+  void LockCheckedHead();
+  void FreeUncheckedHead();
+  void LockAdvanceFields();
+  void EnableAutoTools(bool bEnabled);
+  /// Locks or frees FExchangeRate; once the bill is loaded the template's formulas follow.
+  void LockExchangeRate(bool bLock);
+  /// LockExchangeRate by the head currency: the base currency's rate can't be typed.
+  void LockRateByCurrency();
+  /// At 100 locks and empties the discount account, else frees it.
+  void LockDiscountAccount(bool bNoDiscount);
+  void ResetTypeDependents(bool bClear);
+  void RewriteType();
+  void ResetForRedBlue();
+  void ClearHeadAmounts();
+  void SetSourceCommands(std::int32_t nType);
+  void DisableRowCommands();
+  void ShowCheckTools();
+  /// Does nothing for a key that isn't in the bill's source map.
+  void SetAmountScale(Key sKey, std::int16_t nDecimals, bool bColumn, std::int32_t nRow = kHead);
+  void SetHeadAmountScales(std::int16_t nDecimals);
+  void ShowSourceColumns();
+
+  // --- credit_status ---
+  void ShowCreditStatus();
+  std::string GetCreditText(const Variant& vCode, std::int32_t nClassType);
+  /// Not 0: the bill was pushed from another module.
+  std::int32_t GetBillTypeID(std::int32_t nBillId);
+  /// Lock flags of the screen fields of partner and type.
+  void SetLockFlags(bool bLockPartner, bool bLockType);
+
+  // --- edit_events ---
+  void m_BillInterface_BeginEdit(const FieldInfo& oField);
+  void m_BillInterface_HeadCtlLostFocus(const FieldInfo& oField);
+  void m_BillInterface_AfterDoAction(std::string_view sAction);
+  void FilterEmployees(const FieldInfo& oField);
+
+  // --- field_changes, currency_changes ---
+  void m_BillInterface_Change(const FieldInfo& oField, const FieldRecord& oRecord, std::int32_t nRow, Variant& vCancel);
+  void ChangePartner(const Edit& edit);
+  void TakePartnersOwn(Key sColumn, Key sTable, Key sField, const std::string& sPartner);
+  void ChangeSourceNo(const Edit& edit);
+  void ChangeType(const Edit& edit);
+  void ChangeCurrency(const Edit& edit);
+  void ChangeDiscount(const Edit& edit);
+  void ChangeReceivedFor(const Edit& edit);
+  void ChangeAmountFor(const Edit& edit);
+  void ChangeAccount(const Edit& edit);
+  void ChangeExchangeRate(const Edit& edit);
+  /// The head currency that the account asks for is entered; 0 when the head has it already.
+  std::int32_t EnterAccountCurrency(double dAccount);
+  void WriteHeadRate(double dRate);
+  void RefreshSettleAmounts();
+  double RowAmountForCurrencyChange(std::int32_t nRow, int nScale);
+  void WriteRowRate(std::int32_t nRow, double dRate, double dAmountFor);
+
+  // --- save_validation, save_row_tests, settle_fields ---
+  void m_BillInterface_BeforeSave(Variant& vCancel);
+  void m_BillInterface_SaveBillFailed();
+  /// The test chain; false after the first refusal, which has shown its message.
+  bool PassesSaveTests();
+  bool PassesAdvanceTests(const SaveHead& head);
+  bool PassesBodyTests(const SaveHead& head, std::int32_t nRows);
+  SaveHead ReadSaveHead();
+  double ReadSaveAmountFor();
+  void StoreDiscount(double dDiscount);
+  bool SourceBillExists(std::int32_t nClassID, std::int32_t nBillID);
+  /// Writes the settlement fields of a checked bill; an error ends it without a message.
+  void SaveSettleFields();
+
+  // --- source_selection ---
+  void m_BillInterface_BeforeSelBills(std::int32_t nBillType, const Ref<Object>& oQuery, Variant& vFilter);
+  void m_BillInterface_AfterSelBillBeforeFillData(const Dictionary& oSel);
+  void m_BillInterface_AfterSelBill();
+  /// One row of the rule that positive and negative bills may not stand in one bill.
+  struct SourceBill {
+    std::int32_t nClass;
+    double dAmountFor;
+  };
+  struct MixResult {
+    std::string sMessage;  // "" when the rows may stand together
+    std::int32_t nResult;  // the last answer of ClassifySourceBills
+  };
+  MixResult CheckSourceBills();
+  /// 1: this side's own bills alone, 2: both kinds, 3: other kinds alone, 0: none.
+  std::int32_t ClassifySourceBills(std::span<const SourceBill> aBills) const;
+  static bool HasOppositeAmount(double dAmount, std::span<const SourceBill> aBills);
+
+  // --- auto_amounts ---
+  void AutoApportion();
+  void AutoSum();
+  /// False after its own message.
+  bool CheckBodyCurrencies();
+
+  // --- bill_commands ---
+  void m_BillInterface_MenuBarClick(const Tool& oTool, Variant& vCancel);
+  void ShowBillHelp();
+  void ShowBillVoucher();
+
+  // --- bar_setup ---
+  void m_BillInterface_BarInitialize(const ActiveBar& oBar);
+  void m_BillInterface_MenuBarInitialize(const ActiveBar& oBar);
+
+  // --- shared by the files ---
+  double HeadNumber(Key sKey) const { return GetBillNumber(Bill(), sKey, kHead); }
+  std::int32_t HeadLong(Key sKey) const { return GetBillLong(Bill(), sKey, kHead); }
+  std::int32_t HeadType() const { return HeadLong(side_.sType); }
+  std::int32_t StoredType() const { return LongOf(Bill().GetFieldValue(side_.sType, kHead, FieldValueKind::Stored)); }
+  bool IsChecked() const { return HeadLong("FStatus"_key) == kChecked; }
+  /// SetText of the field's definition.
+  void WriteText(Key sKey, const Variant& vText, std::int32_t nRow) const {
+    Bill().SetText(Bill().GetFieldInfoByKey(sKey), vText, nRow);
+  }
+  /// The bill's rate is always a multiplier. 0 when the currency has neither operator.
+  static double MultiplierOf(const Currency& oCurrency);
+
+  std::int32_t m_nDiscountScale = 0;  // decimals of FDiscount
+  std::int32_t m_lOldPartner = 0;     // partner when its editor opened; 0 before any such edit
+  std::int32_t m_SelBillType = 0;     // last selection kind that a command chose; read by nothing
+  bool m_bLoaded = false;             // false only while AfterLoadBill locks, and before the menu is built
+  std::string m_sReportDate;          // the report date when the menu was built
+
+ protected:
+  /// A bill that belongs to another source is locked right after ShowCheckTools. Only the payment bill has such bills.
+  virtual void LockExternalPayment() {}
+
+ private:
+  Variant m_rsList;           // ListData
+  Variant m_oListDataServer;  // ListDataServer
+};
+
+}  // namespace arap
