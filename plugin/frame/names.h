@@ -36,8 +36,8 @@ namespace arap {
   /* BaseClassEvent */                                                                                                \
   X(SetRootNode) X(SelectedNodeID) X(CurrentItemID) X(ActiveControl) X(RefreshItems)                                  \
   /* session, factory, task mutex */                                                                                  \
-  X(GetProperty) X(PropsString) X(TaskExec) X(CommitTask) X(CreateServerObject) X(GetTaskIdByUserInfo)                \
-  X(BatchCommitTask)                                                                                                  \
+  X(GetProperty) X(PropsString) X(UserName) X(TaskExec) X(CommitTask) X(CreateServerObject)                           \
+  X(GetTaskIdByUserInfo) X(BatchCommitTask)                                                                           \
   /* general ledger */                                                                                                \
   X(AccessCheck) X(WriteLog) X(GetCurrency) X(ScaleX) X(ExchangeRate) X(Operator) X(DeleteOptions) X(CurrencySet)     \
   X(Refresh)                                                                                                          \
