@@ -16,8 +16,8 @@ class DataServerObject final : public arap::Object {
   Database& database_;
 };
 
-/// The connection components: Execute(sConnect, sSql) or Execute(sSql). A statement without a result answers a recordset
-/// at EOF. The connect text names no other database: all work goes to the open book.
+/// The connection components: Execute(sConnect, sSql) or Execute(sSql). A statement without a result answers a
+/// recordset at EOF. The connect text names no other database: all work goes to the open book.
 class AppConnectionObject final : public arap::Object {
  public:
   explicit AppConnectionObject(Database& database) : database_(database) {}

@@ -18,8 +18,8 @@ struct Money {
 
   /// Rounds half away from zero at the fourth decimal, on the 15-digit decimal text of the value.
   static Money from_double(double dValue);
-  /// "1234.5", "-0.07": an optional sign, digits, one point. Raises DeskError for anything else and for a non-zero digit
-  /// after the fourth decimal.
+  /// "1234.5", "-0.07": an optional sign, digits, one point. Raises DeskError for anything else and for a non-zero
+  /// digit after the fourth decimal.
   static Money parse(std::string_view sText);
   /// A stored amount (the scaled integer as the database gives it), not an amount in units of the currency.
   static Money from_stored(const arap::Variant& vStored);
