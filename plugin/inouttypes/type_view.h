@@ -1,0 +1,24 @@
+#pragma once
+
+#include "frame/public_class.h"
+
+namespace arap {
+
+/// The read-only list of income and expense types. Its source has the member name of a list but the type of a tree.
+class clsRPInOutTypeView final : public PublicClass {
+ public:
+  clsRPInOutTypeView() : PublicClass("clsRPInOutTypeView") {}
+
+ protected:
+  ~clsRPInOutTypeView() override { m_LstInterface.clear(); }
+
+  /// No test of the type name: another object than BaseClassEvent raises 13.
+  void Show(const Ref<Object>& oSource) override { m_LstInterface.set(CastTo(oSource, kBaseClassEvent)); }
+
+ private:
+  void OnBaseEvent(Event, Arguments) {}
+
+  EventMember<clsRPInOutTypeView> m_LstInterface{*this, &clsRPInOutTypeView::OnBaseEvent};
+};
+
+}  // namespace arap
