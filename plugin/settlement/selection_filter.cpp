@@ -21,11 +21,11 @@ struct SelectionFilter {
   std::string OfRefundBills(std::string sFilter, const Ref<Object>& oQuery) const;
 };
 
-std::string Text(Key sKey) { return std::string(sKey.view()); }
+std::string NameOf(Key sKey) { return std::string(sKey.view()); }
 
 /// The rows already in the body, each as a condition; ends in a blank.
 std::string SelectionFilter::OpenItemsOfBody() const {
-  const std::string sView = Text(side.sOpenView);
+  const std::string sView = NameOf(side.sOpenView);
   const std::int32_t nRows = GetEntryRowCount(oBill, 1, false);
   std::string sRows;
   for (std::int32_t nRow = 1; nRow <= nRows; ++nRow) {
@@ -53,14 +53,14 @@ std::string SelectionFilter::EntriesOfBody() const {
 std::string SelectionFilter::PartnerCondition(Key sView, Key sColumn) const {
   const std::int32_t nPartner = GetBillLong(oBill, side.sPartner, kHead);
   if (nPartner == 0) return "";
-  return " and " + Text(sView) + "." + Text(sColumn) + " =" + std::to_string(nPartner);
+  return " and " + NameOf(sView) + "." + NameOf(sColumn) + " =" + std::to_string(nPartner);
 }
 
 /// A bill in base currency may draw bills of every currency, one in a foreign currency that currency and the base.
 std::string SelectionFilter::CurrencyCondition(Key sView) const {
   const std::int32_t nCurrency = HeadCurrency();
   if (nCurrency == kBaseCurrency) return "";
-  return "  And " + Text(sView) + ".fCurrencyid in(1," + std::to_string(nCurrency) + ")";
+  return "  And " + NameOf(sView) + ".fCurrencyid in(1," + std::to_string(nCurrency) + ")";
 }
 
 std::string SelectionFilter::OfOpenItems(std::string sFilter) const {
@@ -74,7 +74,7 @@ std::string SelectionFilter::OfOpenItems(std::string sFilter) const {
 }
 
 std::string SelectionFilter::OfRefundBills(std::string sFilter, const Ref<Object>& oQuery) const {
-  const std::string sView = Text(side.sRefundView);
+  const std::string sView = NameOf(side.sRefundView);
   const std::string sRows = EntriesOfBody();
   if (sFilter.empty()) sFilter = "  1=1 ";
   sFilter += PartnerCondition(side.sRefundView, side.sRefundViewPartner);

@@ -148,30 +148,63 @@ class SettlementBill : public ListedBillClass {
   void m_BillInterface_BeforeSelBills(std::int32_t nBillType, const Ref<Object>& oQuery, Variant& vFilter);
   void m_BillInterface_AfterSelBillBeforeFillData(const Dictionary& oSel);
   void m_BillInterface_AfterSelBill();
-  /// One row of the rule that positive and negative bills may not stand in one bill.
-  struct SourceBill {
-    std::int32_t nClass;
-    double dAmountFor;
+  /// Sets the tool to the selection kind of the bill's type, and the host opens its selection on it.
+  void SelectSourceBills(const Tool& oTool, Variant& vCancel);
+  void LookUpSourceBill(const Tool& oTool, Variant& vCancel);
+  std::int32_t SelectionKind() const;
+  bool HasPartnerForSelection(Variant& vCancel) const;
+  struct SelectionHead {
+    std::int32_t nCurrency;
+    double dRate;
   };
-  struct MixResult {
-    std::string sMessage;  // "" when the rows may stand together
-    std::int32_t nResult;  // the last answer of ClassifySourceBills
-  };
-  MixResult CheckSourceBills();
-  /// 1: this side's own bills alone, 2: both kinds, 3: other kinds alone, 0: none.
-  std::int32_t ClassifySourceBills(std::span<const SourceBill> aBills) const;
-  static bool HasOppositeAmount(double dAmount, std::span<const SourceBill> aBills);
+  void FillSourceRow(std::int32_t nRow, const SelectionHead& head, double& dRate);
+  void ScaleSourceRow(std::int32_t nCurrency);
 
   // --- auto_amounts ---
   void AutoApportion();
   void AutoSum();
   /// False after its own message.
-  bool CheckBodyCurrencies();
+  void EndApportion(double dRest);
+  bool CheckBodyCurrencies() const;
+  bool PassesRowCurrencyMix() const;
 
   // --- bill_commands ---
   void m_BillInterface_MenuBarClick(const Tool& oTool, Variant& vCancel);
-  void ShowBillHelp();
-  void ShowBillVoucher();
+  struct Command {
+    Key sName;
+    void (SettlementBill::*run)(const Tool& oTool, Variant& vCancel);
+  };
+  std::span<const Command> Commands() const;
+  void AutoApportionCommand(const Tool& oTool, Variant& vCancel);
+  void AutoSumCommand(const Tool& oTool, Variant& vCancel);
+  void SaveCommand(const Tool& oTool, Variant& vCancel);
+  void ExitCommand(const Tool& oTool, Variant& vCancel);
+  void HelpCommand(const Tool& oTool, Variant& vCancel);
+  void VoucherCommand(const Tool& oTool, Variant& vCancel);
+  void LeaveToHost(const Tool& oTool, Variant& vCancel);
+  void TakeAwayCommand(const Tool& oTool, Variant& vCancel);
+  void RewriteRateOfPushedBill();
+  void ShowBillHelp() const;
+  void ShowBillVoucher() const;
+  void OpenVoucherOfBill() const;
+  std::int32_t VoucherOfBill() const;
+
+  // --- check_commands ---
+  void CheckBillCommand(const Tool& oTool, Variant& vCancel);
+  void UncheckBillCommand(const Tool& oTool, Variant& vCancel);
+  bool IsBeforeCurrentPeriod() const;
+
+  // --- selection_commands, red_blue: on the receipt bill only ---
+  void ChooseFirstOlderSource(const Tool& oTool, Variant& vCancel);
+  void ChooseSecondOlderSource(const Tool& oTool, Variant& vCancel);
+  void ChooseThirdOlderSource(const Tool& oTool, Variant& vCancel);
+  bool OlderSourcesEnabled(Variant& vCancel) const;
+  bool TakesSources(Variant& vCancel) const;
+  void CheckOlderSource(const Tool& oTool, Key sChecked);
+  void RedBillCommand(const Tool& oTool, Variant& vCancel);
+  void BlueBillCommand(const Tool& oTool, Variant& vCancel);
+  /// False when the bill has that colour already.
+  bool TurnColour(const Tool& oTool, Key sColour, Key sOther);
 
   // --- bar_setup ---
   void m_BillInterface_BarInitialize(const ActiveBar& oBar);

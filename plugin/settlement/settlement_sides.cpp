@@ -43,6 +43,7 @@ consteval SettlementSide Fill(Column column) {
                           of("AR0223"_key,                                      "AP0223"_key)},
 
     .sPartner           = of("FCustomerID"_key,                                 "FSupplyID"_key),
+    .sPartnerText       = of("FCustomerID"_key,                                 "FSupplyId"_key),
     .sRowPartner        = of("FCustID"_key,                                     "FSupplyIdID"_key),
     .sType              = of("FReceiveTypeId"_key,                              "FPayTypeId"_key),
     .sReceivedFor       = of("FReceiveAmountFor"_key,                           "FPayAmountFor"_key),
@@ -126,6 +127,7 @@ consteval SettlementSide Fill(Column column) {
     .discountDecimals   = of(DiscountDecimals::ByCurrency,                      DiscountDecimals::FixedTwo),
     .selectionColumns   = of(SelectionColumns::Shown,                           SelectionColumns::LeftAlone),
     .clickCommands      = of(ClickCommands::ColoursAndOlderSources,             ClickCommands::RowCommands),
+    .helpBand           = of(HelpBand::Captioned,                               HelpBand::LeftAlone),
     .failureLog         = of(FailureLog::Written,                               FailureLog::None),
     .listExtras         = of(ListExtras::ViewBill,                              ListExtras::ExportShown),
   };

@@ -59,6 +59,8 @@ enum class DiscountDecimals : std::uint8_t { ByCurrency, FixedTwo };
 enum class SelectionColumns : std::uint8_t { Shown, LeftAlone };
 /// The commands that the click of a bill knows, and their order.
 enum class ClickCommands : std::uint8_t { ColoursAndOlderSources, RowCommands };
+/// Whether the help command captions the band mnuCust.
+enum class HelpBand : std::uint8_t { Captioned, LeftAlone };
 /// DoOptToBill's log for code 1.
 enum class FailureLog : std::uint8_t { Written, None };
 /// What the list bar has beside the common tools.
@@ -79,6 +81,7 @@ struct SettlementSide {
 
   // field keys
   Key sPartner;
+  Key sPartnerText;  // the spelling under which a selection reads the partner's code
   Key sRowPartner;
   Key sType;
   Key sReceivedFor;  // money really received (paid), head currency
@@ -158,6 +161,7 @@ struct SettlementSide {
   DiscountDecimals discountDecimals;
   SelectionColumns selectionColumns;
   ClickCommands clickCommands;
+  HelpBand helpBand;
   FailureLog failureLog;
   ListExtras listExtras;
 };
