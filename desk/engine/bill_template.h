@@ -1,0 +1,116 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "engine/formula.h"
+#include "frame/variant.h"
+
+namespace desk {
+
+enum class FieldKind : std::uint8_t { Id, Text, Money, Rate, Percent, Date, Integer };
+
+/// Where a field gets its list from: table, key column, column of the code that a user types. The name is FName.
+struct LookUpSource {
+  std::int32_t nSourceType = 1;
+  std::string sTable;
+  std::string sKeyColumn;
+  std::string sCodeColumn;
+};
+
+struct TemplateField {
+  std::string sKey;
+  std::string sCaption;
+  std::string sColumn;  // "" when the value isn't stored
+  std::string sSource;  // column of the selection view that fills it; "" when none does
+  std::string sDefault;
+  FieldKind kind = FieldKind::Text;
+  std::int32_t nPage = 1;
+  std::size_t nPosition = 0;  // within its page, from 0
+  std::int32_t nControlType = 0;
+  int nDecimals = 0;
+  bool bReadOnly = false;
+  bool bVisible = true;
+  bool bInMap = false;
+  bool bStaysFree = false;  // a page lock passes over it
+  std::optional<LookUpSource> lookUp;
+  std::vector<std::size_t> aActions;  // positions in BillTemplate::formulas()
+
+  bool is_number() const { return kind != FieldKind::Text && kind != FieldKind::Date; }
+};
+
+/// A page of the bill: 1 is the head, the others are bodies.
+struct TemplatePage {
+  std::int32_t nPage = 1;
+  std::string sCaption;
+  std::string sTable;
+  std::string sKeyField;  // marks a row as used
+  std::vector<std::size_t> aFields;
+};
+
+struct SelectionSource {
+  std::int32_t nType = 0;
+  std::string sCaption;
+  std::string sView;
+};
+
+struct TemplateTool {
+  std::string sName;
+  std::string sCaption;
+};
+
+struct TemplateBand {
+  std::string sName;
+  std::string sCaption;
+  std::vector<std::string> aTools;
+};
+
+/// What a bill is made of, read from a file and shared by its windows. A bad file raises DeskError with the file, the
+/// field and the position.
+class BillTemplate {
+ public:
+  static constexpr std::size_t kNone = static_cast<std::size_t>(-1);
+
+  static std::shared_ptr<const BillTemplate> load(const std::string& sPath);
+  static std::shared_ptr<const BillTemplate> parse(std::string_view sJson, const std::string& sFile);
+  /// One of the templates that come with the desk: "receipt" or "payment".
+  static std::shared_ptr<const BillTemplate> shipped(std::string_view sName);
+
+  /// The field's number, or kNone. Keys of the program are found by their place, other texts by their lower case.
+  std::size_t find(const arap::Variant& vKey) const;
+  std::size_t find_key(std::string_view sKey) const;
+  const TemplateField& field(std::size_t nField) const { return fields_[nField]; }
+  const std::vector<TemplateField>& fields() const { return fields_; }
+  const std::vector<TemplatePage>& pages() const { return pages_; }
+  const TemplatePage& page(std::int32_t nPage) const { return pages_[static_cast<std::size_t>(nPage) - 1]; }
+  const Formula& formula(std::size_t nFormula) const { return formulas_[nFormula]; }
+  const std::vector<TemplateTool>& tools() const { return tools_; }
+  const std::vector<TemplateBand>& bands() const { return bands_; }
+  const std::vector<SelectionSource>& selections() const { return selections_; }
+
+  std::int32_t nClassType = 0;
+  std::string sCaption;
+  std::string sPluginClass;  // of the plug-in: "clsReceiveBill"
+  std::string sNumberPrefix;
+  std::string sPartnerField;
+  std::string sTypeField;
+
+ private:
+  friend class TemplateReader;
+
+  std::vector<TemplateField> fields_;
+  std::vector<TemplatePage> pages_;
+  std::vector<Formula> formulas_;
+  std::vector<TemplateTool> tools_;
+  std::vector<TemplateBand> bands_;
+  std::vector<SelectionSource> selections_;
+  std::unordered_map<std::string, std::size_t> by_key_;  // lower case
+  mutable std::unordered_map<const arap::TextBody*, std::size_t> by_body_;
+};
+
+}  // namespace desk

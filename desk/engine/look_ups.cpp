@@ -1,0 +1,55 @@
+#include "engine/look_ups.h"
+
+#include "data/sql_dialect.h"
+#include "frame/conversions.h"
+
+namespace desk {
+
+namespace {
+
+LookUpItem item_of(const Rows& rows, std::size_t nRow) {
+  return {rows.at(nRow, 0), arap::Concat(rows.at(nRow, 1)), arap::Concat(rows.at(nRow, 2))};
+}
+
+}  // namespace
+
+Rows LookUps::select(const LookUpSource& source, const std::string& sCondition, const Binds& binds,
+                     std::string_view sFilter) {
+  std::string sSql = "SELECT " + source.sKeyColumn + ", " + source.sCodeColumn + ", FName FROM " + source.sTable;
+  Binds all = binds;
+  if (!sCondition.empty()) sSql += " WHERE " + sCondition;
+  if (!arap::Trim(sFilter).empty()) {
+    const TranslatedCondition filter = translate_condition(sFilter);
+    sSql += (sCondition.empty() ? " WHERE (" : " AND (") + filter.sSql + ")";
+    all.insert(all.end(), filter.binds.begin(), filter.binds.end());
+  }
+  return database_.query(sSql + " ORDER BY " + source.sCodeColumn, all);
+}
+
+std::optional<LookUpItem> LookUps::by_id(const LookUpSource& source, const Value& vId) {
+  const std::string sId = arap::NumberText(vId);
+  const auto [place, bNew] = kept_.try_emplace({source.sTable, sId});
+  if (!bNew) return place->second;
+  const Rows rows = select(source, source.sKeyColumn + " = ?", {Bind(arap::LongOf(vId))}, {});
+  if (!rows.empty()) place->second = item_of(rows, 0);
+  return place->second;
+}
+
+std::optional<LookUpItem> LookUps::by_text(const LookUpSource& source, std::string_view sText,
+                                           std::string_view sFilter) {
+  for (const std::string& sColumn : {source.sCodeColumn, std::string("FName")}) {
+    const Rows rows = select(source, sColumn + " = ?", {Bind(sText)}, sFilter);
+    if (!rows.empty()) return item_of(rows, 0);
+  }
+  return std::nullopt;
+}
+
+std::vector<LookUpItem> LookUps::list(const LookUpSource& source, std::string_view sFilter) {
+  const Rows rows = select(source, {}, {}, sFilter);
+  std::vector<LookUpItem> aItems;
+  aItems.reserve(rows.size());
+  for (std::size_t i = 0; i < rows.size(); ++i) aItems.push_back(item_of(rows, i));
+  return aItems;
+}
+
+}  // namespace desk

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "data/database.h"
+#include "engine/bill_template.h"
+
+namespace desk {
+
+/// An entry of a look-up field's list.
+struct LookUpItem {
+  Value vId;
+  std::string sCode;
+  std::string sName;
+};
+
+/// Finds base data for the look-up fields. Items found by id are kept until forget(), so that a body of thousands of rows
+/// asks once for each partner and currency.
+class LookUps {
+ public:
+  explicit LookUps(Database& database) : database_(database) {}
+
+  std::optional<LookUpItem> by_id(const LookUpSource& source, const Value& vId);
+  /// By exact code, then by name; sFilter is a condition in the words of the plug-in, "" for none.
+  std::optional<LookUpItem> by_text(const LookUpSource& source, std::string_view sText, std::string_view sFilter);
+  /// All entries under the filter, by code.
+  std::vector<LookUpItem> list(const LookUpSource& source, std::string_view sFilter);
+  void forget() { kept_.clear(); }
+
+ private:
+  Rows select(const LookUpSource& source, const std::string& sCondition, const Binds& binds, std::string_view sFilter);
+
+  Database& database_;
+  std::map<std::pair<std::string, std::string>, std::optional<LookUpItem>> kept_;  // by table and id
+};
+
+}  // namespace desk
