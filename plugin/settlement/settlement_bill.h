@@ -144,6 +144,10 @@ class SettlementBill : public ListedBillClass {
   /// Writes the settlement fields of a checked bill; an error ends it without a message.
   void SaveSettleFields();
 
+  // --- batch_operation ---
+  /// Message and log by the service's code; another code than -1, 0 and 1 has neither.
+  void ReportOperation(std::int16_t nCode, const std::string& sVerb, const Dictionary& oAnswer, Variant& vMessage);
+
   // --- source_selection ---
   void m_BillInterface_BeforeSelBills(std::int32_t nBillType, const Ref<Object>& oQuery, Variant& vFilter);
   void m_BillInterface_AfterSelBillBeforeFillData(const Dictionary& oSel);

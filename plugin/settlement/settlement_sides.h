@@ -39,7 +39,8 @@ enum class ColourResetRate : std::uint8_t { FollowsCurrency, LeftAlone };
 enum class CurrencyChangeRows : std::uint8_t { RoundedToHeadScale, AsRead };
 /// What else the change of the head currency does with the currency and the rate.
 enum class CurrencyChangeRate : std::uint8_t { NameReadAndDropped, StoredAsEntry };
-/// Which figures BeforeSave rounds as it reads them.
+/// Which figures BeforeSave rounds as it reads them; with the head's, a row's currency is read ahead of its open
+/// amount.
 enum class SaveReading : std::uint8_t { OpenAmountRounded, HeadAmountsRounded };
 /// CheckBodyCurrencies on a row whose currency differs from the first row's.
 enum class RowCurrencyMix : std::uint8_t { PassedOver, Refused };

@@ -1,0 +1,34 @@
+#include "frame/server_objects.h"
+#include "settlement/settlement_bill.h"
+
+/// The partner's credit in the status bar, and the question whether the bill was pushed from another module.
+namespace arap {
+
+namespace {
+
+constexpr std::int32_t kCreditPanel = 5;
+
+}  // namespace
+
+void SettlementBill::ShowCreditStatus() {
+  const Variant vCode = Bill().HeadScreenField(side_.sPartner).Text();
+  Bill().SetStatusPanel(kCreditPanel, GetCreditText(vCode, Bill().TransTypeID()));
+}
+
+std::string SettlementBill::GetCreditText(const Variant& vCode, std::int32_t nClassType) {
+  if (!Inside(nClassType, 1000201, 1000202, 1000205, 1000206)) return "";
+  const Ref<Object> oCredit = CreateLocalObject("NUVBills.clsCredit");
+  return Concat(oCredit->call(Member::GetStatusMoneyAndCredit, vCode, nClassType));
+}
+
+std::int32_t SettlementBill::GetBillTypeID(std::int32_t nBillId) {
+  const Ref<Object> oPush = CreateServerObject("NUVMARAPPush.clsPush");
+  return LongOf(oPush->call(Member::GetBillTypeID, GetPropsString(), side_.sBillTable, nBillId));
+}
+
+void SettlementBill::SetLockFlags(bool bLockPartner, bool bLockType) {
+  Bill().HeadScreenField(side_.sPartner).SetLockFlag(bLockPartner);
+  Bill().HeadScreenField(side_.sType).SetLockFlag(bLockType);
+}
+
+}  // namespace arap
