@@ -11,10 +11,19 @@ arap::Variant Component::invoke(arap::Member member, arap::Access, arap::Argumen
   no_such_member(member);
 }
 
-SimpleComponent::SimpleComponent(std::string sTypeName,
-                                 std::initializer_list<std::pair<arap::Member, Handler>> members)
-    : Component(std::move(sTypeName)) {
-  for (const auto& [member, handler] : members) on(member, handler);
+namespace {
+
+class SimpleComponent final : public Component {
+ public:
+  SimpleComponent(std::string sTypeName, MemberHandlers members) : Component(std::move(sTypeName)) {
+    for (const auto& [member, handler] : members) on(member, handler);
+  }
+};
+
+}  // namespace
+
+arap::Ref<arap::Object> make_component(std::string sTypeName, MemberHandlers members) {
+  return arap::make_object<SimpleComponent>(std::move(sTypeName), members);
 }
 
 std::string text_argument(arap::Arguments args, std::size_t nIndex) {

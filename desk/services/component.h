@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <initializer_list>
 #include <string>
 #include <utility>
 #include <vector>
@@ -8,6 +9,8 @@
 #include "frame/automation.h"
 
 namespace desk {
+
+using Handler = std::function<arap::Variant(arap::Arguments)>;
 
 /// A server component: an automation object whose members are handlers, told once in the constructor. Get, put and call
 /// reach the same handler; a put brings the new value as its last argument.
@@ -17,7 +20,6 @@ class Component : public arap::Object {
   arap::Variant invoke(arap::Member member, arap::Access access, arap::Arguments args) override;
 
  protected:
-  using Handler = std::function<arap::Variant(arap::Arguments)>;
   explicit Component(std::string sTypeName) : type_name_(std::move(sTypeName)) {}
   void on(arap::Member member, Handler handler) { handlers_.emplace_back(member, std::move(handler)); }
 
@@ -26,12 +28,9 @@ class Component : public arap::Object {
   std::vector<std::pair<arap::Member, Handler>> handlers_;
 };
 
-/// Makes a component, tells it its members and hands it out: for components that need no class of their own.
-class SimpleComponent final : public Component {
- public:
-  using Component::Handler;
-  SimpleComponent(std::string sTypeName, std::initializer_list<std::pair<arap::Member, Handler>> members);
-};
+/// A component that needs no class of its own: its type name and its members.
+using MemberHandlers = std::initializer_list<std::pair<arap::Member, Handler>>;
+arap::Ref<arap::Object> make_component(std::string sTypeName, MemberHandlers members);
 
 /// The text of an optional argument; "" when the caller gave fewer.
 std::string text_argument(arap::Arguments args, std::size_t nIndex);

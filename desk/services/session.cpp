@@ -1,0 +1,52 @@
+#include "services/session.h"
+
+#include "engine/containers.h"
+#include "frame/open_choices.h"
+#include "frame/plugin_entry.h"
+
+namespace desk {
+
+Session::Session(Database& database, std::string_view sUserName)
+    : database_(database),
+      user_name_(sUserName),
+      platform_(registry_),
+      tasks_(database, [this] { return seat(); }) {
+  const Rows rows = database.query("SELECT FUserID FROM t_User WHERE FName = ?", {Bind(user_name_)});
+  if (rows.empty())
+    throw DeskError(ErrorKind::BadValue, "the book has no user \"" + user_name_ + "\"", database.path(),
+                    "log in under a user of this book");
+  user_id_ = rows.integer(0, "FUserID");
+  for (const std::string_view sProgID : {arap::open_choices::kDictionary, arap::open_choices::kVector, arap::open_choices::kTool})
+    registry_.add(sProgID, [sProgID] { return make_engine_object(sProgID); });
+  for (const std::string_view sName : arap::PublicClassNames()) {
+    const std::string sProgID = std::string(arap::kLibraryName) + "." + std::string(sName);
+    registry_.add(sProgID, [sProgID] { return arap::CreatePublicObject(sProgID); });
+  }
+  register_login(*this);
+  register_general_ledger(*this);
+  register_system_values(*this);
+  register_settlement_services(*this);
+  register_vouchers(*this);
+  register_small_services(*this);
+  activate();
+}
+
+Session::~Session() {
+  try {
+    tasks_.release_all();
+  } catch (const DeskError&) {
+    // A seat that ends on a broken connection leaves its tasks to the clean-up of the next one.
+  }
+  if (&arap::CurrentPlatform() == &platform_) arap::InstallPlatform(nullptr);
+}
+
+Seat Session::seat() {
+  return {platform_.ComputerName().value_or("NoName"), platform_.ProcessId(), user_name_};
+}
+
+std::string Session::props_string() const {
+  return "UserName=" + user_name_ + ";UserID=" + std::to_string(user_id_) + ";ConnectString={Provider=desk;Data Source=" +
+         database_.path() + "};Language=chs";
+}
+
+}  // namespace desk

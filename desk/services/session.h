@@ -1,0 +1,64 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "data/database.h"
+#include "services/desk_platform.h"
+#include "services/task_mutex.h"
+
+namespace desk {
+
+/// One call of the help viewer.
+struct HelpCall {
+  std::string sFile;
+  std::string sTopic;
+};
+
+/// A seat: one open book with one user logged in. It makes every server component by ProgID and installs its platform
+/// for the calling thread; the former platform comes back when it ends. The database outlives it. Needs a
+/// QCoreApplication.
+class Session {
+ public:
+  /// Raises DeskError when the book has no such user.
+  Session(Database& database, std::string_view sUserName);
+  ~Session();
+  Session(const Session&) = delete;
+  Session& operator=(const Session&) = delete;
+
+  Database& database() { return database_; }
+  DeskPlatform& platform() { return platform_; }
+  ObjectRegistry& registry() { return registry_; }
+  TaskMutex& tasks() { return tasks_; }
+  std::int32_t user_id() const { return user_id_; }
+  const std::string& user_name() const { return user_name_; }
+  /// This program on its machine, under which tasks are taken.
+  Seat seat();
+  std::string props_string() const;
+
+  /// Puts this seat's platform back in charge, where several seats share a thread.
+  void activate() { arap::InstallPlatform(&platform_); }
+
+  /// What the user was shown beside boxes: help topics, vouchers and result lists, in order.
+  std::vector<HelpCall> help_calls;
+  std::vector<std::string> shown_vouchers;
+  std::vector<std::string> shown_results;
+
+ private:
+  Database& database_;
+  std::int32_t user_id_ = 0;
+  std::string user_name_;
+  ObjectRegistry registry_;
+  DeskPlatform platform_;
+  TaskMutex tasks_;
+};
+
+/// Each of these tells the registry the components of one topic.
+void register_login(Session& session);
+void register_general_ledger(Session& session);
+void register_system_values(Session& session);
+void register_settlement_services(Session& session);
+void register_vouchers(Session& session);
+void register_small_services(Session& session);
+
+}  // namespace desk

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "data/database.h"
+
+namespace desk {
+
+/// Who takes tasks: one running program under one user. Two seats differ in machine or process.
+struct Seat {
+  std::string sMachine;
+  std::int32_t nProcess = 0;
+  std::string sUser;
+};
+
+/// The cross-seat lock, kept in the book so that every seat sees it. A task names a function and the records it guards;
+/// without a record it guards the function as a whole.
+class TaskMutex {
+ public:
+  TaskMutex(Database& database, std::function<Seat()> seat) : database_(database), seat_(std::move(seat)) {}
+
+  /// The id of the new task, above 0; 0 when another seat holds the same function, or guards the same record through a
+  /// function of the same bill (the codes AR0223 to AR0228 guard one bill). Tasks that an ended program of this machine
+  /// left behind are cleared first.
+  std::int32_t take(std::int32_t nSystem, std::string_view sFunction, std::span<const std::int32_t> aRecords);
+  /// False when this seat holds no such task.
+  bool commit(std::int32_t nTaskID);
+  /// This seat's tasks of a function on a record.
+  std::vector<std::int32_t> tasks_of(std::string_view sFunction, std::int32_t nRecord);
+  void release_all();
+
+ private:
+  void clear_ended_programs(const Seat& seat);
+  bool is_held_elsewhere(const Seat& seat, std::string_view sFunction, std::span<const std::int32_t> aRecords);
+
+  Database& database_;
+  std::function<Seat()> seat_;
+};
+
+}  // namespace desk

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "services/session.h"
+#include "services/settlement_tables.h"
+
+namespace desk {
+
+/// Makes the voucher of a checked settlement bill, in one transaction, and answers its id: the money on the settlement
+/// account and the discount on the discount account against the partner's balance. Raises DeskError for a bill that
+/// isn't checked, has a voucher, or lacks an account.
+std::int32_t make_voucher(Session& session, const SettlementTables& tables, std::int32_t nBillID);
+
+/// A voucher as lines of text: its head, a line an entry, the totals. "" when there is no such voucher.
+std::string voucher_text(Database& database, std::int32_t nVoucherID);
+
+}  // namespace desk
