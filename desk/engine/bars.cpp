@@ -21,8 +21,8 @@ bool is_put(Access access) { return access == Access::Put || access == Access::P
 
 template <class T>
 T* find_named(const std::vector<Ref<T>>& items, std::string_view sName) {
-  const auto found =
-      std::find_if(items.begin(), items.end(), [&](const Ref<T>& item) { return arap::EqualsNoCase(item->sName, sName); });
+  const auto found = std::find_if(items.begin(), items.end(),
+                                  [&](const Ref<T>& item) { return arap::EqualsNoCase(item->sName, sName); });
   return found == items.end() ? nullptr : found->get();
 }
 

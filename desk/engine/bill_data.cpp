@@ -50,9 +50,7 @@ std::size_t DataRow::position(const Variant& vKey) const {
   return template_->field(nField).nPosition;
 }
 
-Variant DataRow::record(std::size_t nPosition) {
-  return arap::make_object<FieldRecord>(Ref<DataRow>(this), nPosition);
-}
+Variant DataRow::record(std::size_t nPosition) { return arap::make_object<FieldRecord>(Ref<DataRow>(this), nPosition); }
 
 Variant DataRow::invoke(Member member, Access access, Arguments args) {
   switch (member) {

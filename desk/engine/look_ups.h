@@ -19,8 +19,8 @@ struct LookUpItem {
   std::string sName;
 };
 
-/// Finds base data for the look-up fields. Items found by id are kept until forget(), so that a body of thousands of rows
-/// asks once for each partner and currency.
+/// Finds base data for the look-up fields. Items found by id are kept until forget(), so that a body of thousands of
+/// rows asks once for each partner and currency.
 class LookUps {
  public:
   explicit LookUps(Database& database) : database_(database) {}

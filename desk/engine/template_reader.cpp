@@ -29,7 +29,8 @@ class TemplateReader {
     for (const Json& field : list("fields")) read_actions(field, nField++);
     check_key_fields();
     for (const Json& selection : list("selections")) {
-      template_->selections_.push_back({number(selection, "type", 0), text(selection, "caption"), needed(selection, "view")});
+      template_->selections_.push_back(
+          {number(selection, "type", 0), text(selection, "caption"), needed(selection, "view")});
     }
     read_bars();
     return template_;
@@ -87,13 +88,16 @@ class TemplateReader {
 
   void read_page(const Json& item) {
     place_ = "page " + std::to_string(template_->pages_.size() + 1);
-    template_->pages_.push_back({static_cast<std::int32_t>(template_->pages_.size()) + 1, text(item, "caption"),
-                                 needed(item, "table"), text(item, "keyField"), {}});
+    template_->pages_.push_back({static_cast<std::int32_t>(template_->pages_.size()) + 1,
+                                 text(item, "caption"),
+                                 needed(item, "table"),
+                                 text(item, "keyField"),
+                                 {}});
   }
 
   FieldKind kind_of(const std::string& sKind) const {
     static const std::pair<const char*, FieldKind> kKinds[] = {
-        {"id", FieldKind::Id},           {"text", FieldKind::Text}, {"money", FieldKind::Money},
+        {"id", FieldKind::Id},           {"text", FieldKind::Text},       {"money", FieldKind::Money},
         {"rate", FieldKind::Rate},       {"percent", FieldKind::Percent}, {"date", FieldKind::Date},
         {"integer", FieldKind::Integer},
     };

@@ -1,0 +1,65 @@
+#include <array>
+
+#include "engine/bill_store.h"
+#include "engine/bill_window.h"
+#include "frame/conversions.h"
+
+namespace desk {
+
+using arap::Event;
+using arap::Variant;
+
+void BillWindow::fire(Event event, arap::Arguments args) {
+  if (host_.trace != nullptr) tell(TraceObserver::Kind::Event, trace_text(arap::name_of(event), args));
+  events_.fire(event, args);
+}
+
+bool BillWindow::fire_cancelled(Event event, std::vector<Variant> aArgs) {
+  aArgs.emplace_back(false);
+  fire(event, aArgs);
+  return arap::ToBoolean(aArgs.back());
+}
+
+Outcome BillWindow::save() {
+  save_reason_.clear();
+  try {
+    if (save_bill()) return Outcome::done();
+  } catch (const arap::AutomationError& error) {
+    return Outcome::refused(error.description());
+  }
+  return Outcome::refused(save_reason_);
+}
+
+/// The save command: tests, store, reload. An error of the tests passes to whoever saves.
+bool BillWindow::save_bill() {
+  if (mode_ == EditMode::ReadOnly) {
+    save_reason_ = "单据以只读方式打开，不能保存。";
+    return false;
+  }
+  if (fire_cancelled(Event::BeforeSave, {})) return false;
+  // The plug-in has written what there was to write.
+  if (std::exchange(not_save_, false)) return true;
+  return store_bill();
+}
+
+bool BillWindow::store_bill() {
+  BillStore::Stored stored;
+  try {
+    stored = BillStore(host_.database, *template_).save(*head_, *body_, bill_id_);
+  } catch (const DeskError& error) {
+    save_reason_ = error.problem();
+    if (!error.hint().empty()) save_reason_ += " " + error.hint();
+    tell(TraceObserver::Kind::Message, save_reason_);
+    std::array<Variant, 3> args{arap::make_object<HostDictionary>(), std::int32_t{0}, save_reason_};
+    fire(Event::SaveBillFailed, args);
+    return false;
+  }
+  if (bill_id_ == 0) edit_lock_ = false;  // the lock of a new bill was nobody's
+  bill_id_ = stored.nBillID;
+  head_->cell(template_->field(template_->find_key("FBillID")).nPosition).vValue = stored.nBillID;
+  Variant aIgnored[] = {stored.nBillID};
+  fire(Event::AfterSave, aIgnored);
+  return load_bill(stored.nBillID);
+}
+
+}  // namespace desk

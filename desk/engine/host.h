@@ -1,0 +1,61 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "data/database.h"
+#include "engine/trace.h"
+
+namespace desk {
+
+/// Whether something that the user asked for was done, and if not, why, in words for the user. A refusal that the
+/// plug-in has told by a box of its own has no reason here.
+struct Outcome {
+  bool bDone = true;
+  std::string sReason;
+
+  static Outcome done() { return {}; }
+  static Outcome refused(std::string sWhy) { return {false, std::move(sWhy)}; }
+  explicit operator bool() const { return bDone; }
+};
+
+/// The source rows that a selection offers, in the order of the list.
+class SourceList {
+ public:
+  SourceList(const Rows& rows, std::int32_t nType) : rows_(rows), type_(nType) {}
+  std::size_t size() const { return rows_.size(); }
+  std::int32_t type() const { return type_; }
+  /// A value as the user sees it: amounts in units of the currency. Empty for a column that the view lacks.
+  Value value(std::size_t nRow, std::string_view sColumn) const;
+  std::string text(std::size_t nRow, std::string_view sColumn) const;
+
+ private:
+  const Rows& rows_;
+  std::int32_t type_;
+};
+
+/// Picks rows of a selection (0-based); none closes it without a choice.
+using SourceChooser = std::function<std::vector<std::size_t>(const SourceList&)>;
+SourceChooser choose_all();
+SourceChooser choose_numbers(std::vector<std::string> aBillNumbers);
+SourceChooser choose_where(std::function<bool(const SourceList&, std::size_t)> wanted);
+
+/// What a bill window needs of its surroundings. The database outlives the window.
+struct Host {
+  explicit Host(Database& book) : database(book) {}
+
+  Database& database;
+  SourceChooser choose_sources;
+  /// Takes the edit lock of a bill for this user; without one every bill can be locked.
+  std::function<bool(std::int32_t nClassType, std::int32_t nBillID)> take_edit_lock;
+  std::function<void(std::int32_t nClassType, std::int32_t nBillID)> give_edit_lock;
+  /// yyyy-mm-dd of a new bill, and who makes it.
+  std::string sToday;
+  std::string sUser;
+  TraceObserver* trace = nullptr;
+};
+
+}  // namespace desk

@@ -1,0 +1,137 @@
+#include <algorithm>
+#include <array>
+
+#include "data/columns.h"
+#include "data/recordset.h"
+#include "data/sql_dialect.h"
+#include "engine/bill_window.h"
+#include "engine/window_objects.h"
+#include "frame/conversions.h"
+
+namespace desk {
+
+using arap::Event;
+using arap::Ref;
+using arap::Variant;
+
+namespace {
+
+Value readable(const Rows& rows, std::size_t nRow, std::size_t nColumn) {
+  const Value& vStored = rows.at(nRow, nColumn);
+  if (vStored.is_null()) return {};
+  return is_money_column((*rows.columns())[nColumn]) ? Value(Money::from_stored(vStored).to_double()) : vStored;
+}
+
+Rows rows_of(const Rows& rows, const std::vector<std::size_t>& aChosen) {
+  std::vector<Value> cells;
+  cells.reserve(aChosen.size() * rows.column_count());
+  for (const std::size_t nRow : aChosen) {
+    for (std::size_t i = 0; i < rows.column_count(); ++i) cells.push_back(rows.at(nRow, i));
+  }
+  return Rows(rows.columns(), std::move(cells));
+}
+
+}  // namespace
+
+Value SourceList::value(std::size_t nRow, std::string_view sColumn) const {
+  const int nColumn = rows_.find_column(sColumn);
+  return nColumn < 0 ? Value() : readable(rows_, nRow, static_cast<std::size_t>(nColumn));
+}
+
+std::string SourceList::text(std::size_t nRow, std::string_view sColumn) const {
+  return arap::Concat(value(nRow, sColumn));
+}
+
+SourceChooser choose_where(std::function<bool(const SourceList&, std::size_t)> wanted) {
+  return [wanted = std::move(wanted)](const SourceList& list) {
+    std::vector<std::size_t> aChosen;
+    for (std::size_t i = 0; i < list.size(); ++i) {
+      if (wanted(list, i)) aChosen.push_back(i);
+    }
+    return aChosen;
+  };
+}
+
+SourceChooser choose_all() {
+  return choose_where([](const SourceList&, std::size_t) { return true; });
+}
+
+SourceChooser choose_numbers(std::vector<std::string> aBillNumbers) {
+  return choose_where([aNumbers = std::move(aBillNumbers)](const SourceList& list, std::size_t nRow) {
+    return std::find(aNumbers.begin(), aNumbers.end(), list.text(nRow, "FBillNo")) != aNumbers.end();
+  });
+}
+
+/// The selection window: the plug-in's filter, the list, the choice, the fill.
+Outcome BillWindow::select_sources(std::int32_t nType) {
+  const auto& aSelections = template_->selections();
+  const auto source = std::find_if(aSelections.begin(), aSelections.end(),
+                                   [nType](const SelectionSource& each) { return each.nType == nType; });
+  if (source == aSelections.end()) return Outcome::refused("没有编号为" + std::to_string(nType) + "的源单类型。");
+  const auto oQuery = arap::make_object<FilterBag>(arap::make_object<HostDictionary>());
+  std::array<Variant, 5> args{nType, oQuery, Ref<arap::Object>(), "", false};
+  fire(Event::BeforeSelBills, args);
+  if (arap::ToBoolean(args[4])) return Outcome::refused({});
+  Rows rows;
+  try {
+    rows = read_sources(*source, arap::Concat(args[3]), *oQuery);
+  } catch (const DeskError& error) {
+    return Outcome::refused(error.problem());
+  }
+  if (rows.empty()) return Outcome::refused("没有可选的源单。");
+  const auto aChosen =
+      host_.choose_sources ? host_.choose_sources(SourceList(rows, nType)) : std::vector<std::size_t>();
+  if (aChosen.empty()) return Outcome::refused("没有选择源单。");
+  fill_chosen(rows, aChosen);
+  return Outcome::done();
+}
+
+Rows BillWindow::read_sources(const SelectionSource& source, const std::string& sFilter, const arap::Object& oQuery) {
+  std::string sSql = "SELECT * FROM " + source.sView;
+  Binds binds;
+  if (!arap::Trim(sFilter).empty()) {
+    const TranslatedCondition condition = translate_condition(sFilter);
+    sSql += " WHERE " + condition.sSql;
+    binds = condition.binds;
+  }
+  const std::string sSort = static_cast<const FilterBag&>(oQuery).filter("HeadSort");
+  sSql += " ORDER BY " + (arap::Trim(sSort).empty() ? std::string("FDate, FBillID") : translate_order(sSort));
+  tell(TraceObserver::Kind::Sql, "Select * From " + source.sView + " Where " + sFilter);
+  return host_.database.query(sSql, binds);
+}
+
+void BillWindow::fill_chosen(const Rows& rows, const std::vector<std::size_t>& aChosen) {
+  const std::size_t nBefore = body_->size();
+  append_sources(rows, aChosen);
+  const auto oSelected = arap::make_object<HostDictionary>();
+  oSelected->set("rsSrc", make_recordset(rows_of(rows, aChosen)));
+  oSelected->set("AddModel", false);
+  std::array<Variant, 2> aFill{oSelected, Ref<arap::Object>()};
+  fire(Event::AfterSelBillBeforeFillData, aFill);
+  // Unless the rows are to be added, they take the place of the former ones.
+  if (!arap::ToBoolean(*oSelected->find("AddModel"))) body_->remove_first(nBefore);
+  active_field_ = template_->page(2).aFields.front();
+  active_row_ = static_cast<std::int32_t>(body_->size());
+  Variant aIgnored[] = {oSelected};
+  fire(Event::AfterSelBill, aIgnored);
+}
+
+void BillWindow::append_sources(const Rows& rows, const std::vector<std::size_t>& aChosen) {
+  std::vector<std::pair<std::size_t, std::size_t>> aColumns;  // position in the row, column of the view
+  for (const std::size_t nField : template_->page(2).aFields) {
+    const TemplateField& field = template_->field(nField);
+    const int nColumn = field.sSource.empty() ? -1 : rows.find_column(field.sSource);
+    if (nColumn >= 0) aColumns.emplace_back(field.nPosition, static_cast<std::size_t>(nColumn));
+  }
+  look_ups_.forget();
+  for (const std::size_t nRow : aChosen) {
+    DataRow& row = body_->add_row();
+    for (const auto& [nPosition, nColumn] : aColumns) {
+      row.cell(nPosition).vValue = readable(rows, nRow, nColumn);
+      row.cell(nPosition).nModify = 1;
+    }
+    fill_look_ups(row);
+  }
+}
+
+}  // namespace desk
