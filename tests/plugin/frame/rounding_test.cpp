@@ -90,7 +90,8 @@ INSTANTIATE_TEST_SUITE_P(LongValuesHalfToEven, AmountTable,
 
 INSTANTIATE_TEST_SUITE_P(OutOfRange, AmountTable,
                          ::testing::Values(RoundCase{1e15, 2, 0}, RoundCase{922337203685479, 2, 0},
-                                           RoundCase{922337203685478, 2, 922337203685478}, RoundCase{1e300, 0, 0}));
+                                           RoundCase{922337203685478, 2, 922337203685478},
+                                           RoundCase{922337203685478.25, 0, 922337203685478}, RoundCase{1e300, 0, 0}));
 
 TEST(RoundAmount, AnswersTheIntegerZeroForNoAmount) {
   for (const Variant& vValue : {Variant(Null{}), Variant(Empty{}), Variant(0.0), Variant(1e15), Variant("abc"),
@@ -147,6 +148,20 @@ TEST(RoundAmount, FollowsTheRuleForEveryRandomValue) {
     if (n % 4 != 0) dValue = std::round(dValue * dScale) / dScale;      // as amounts are written
     if (n % 4 == 1) dValue += 0.5 / std::pow(10, nDigits);              // near a half
     if (n % 4 == 2) dValue = dValue * 3 / 3 + mantissa(random) * 1e-9;  // with the noise of a calculation
+    ASSERT_EQ(RoundAmountOf(dValue, nDigits), amount_by_the_rule(dValue, nDigits) + 0.0)
+        << TextOf(dValue) << " at " << nDigits;
+  }
+}
+
+TEST(RoundAmount, FollowsTheRuleAFewBitsFromAHalf) {
+  std::mt19937_64 random(5);
+  for (int n = 0; n < 100000; ++n) {
+    const int nDigits = static_cast<int>(random() % 7);
+    const double dScale = std::pow(10, nDigits);
+    double dValue = (static_cast<double>(random() % 1'000'000'000) + 0.5) / dScale;
+    const double dTowards = random() % 2 == 0 ? 0 : 1e300;
+    for (std::uint64_t nBits = random() % 5; nBits > 0; --nBits) dValue = std::nextafter(dValue, dTowards);
+    if (random() % 2 == 0) dValue = -dValue;
     ASSERT_EQ(RoundAmountOf(dValue, nDigits), amount_by_the_rule(dValue, nDigits) + 0.0)
         << TextOf(dValue) << " at " << nDigits;
   }
