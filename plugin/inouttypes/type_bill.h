@@ -7,7 +7,7 @@
 namespace arap {
 
 /// The tree of income and expense types and its record.
-class clsRPInOutType final : public BillClass {
+class clsRPInOutType : public BillClass {
  public:
   /// Fetches the types; passes on what that raises.
   clsRPInOutType();
