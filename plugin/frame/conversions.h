@@ -12,7 +12,8 @@ namespace arap {
 // --- numbers from values ------------------------------------------------------------------------------------------
 
 /// The numeric prefix of a text: blanks, tabs and line feeds anywhere in the number are skipped, one sign, digits with
-/// one point, an exponent after E or D, &H and &O literals; ends at the first foreign character. No digits give 0.
+/// one point, an exponent after E or D, &H and &O literals; ends at the first foreign character. No digits give 0;
+/// a number beyond the range of a double is infinite, so that it overflows as an integer.
 double Val(std::string_view sText);
 
 /// How a rule reads a number: Val of the value's text, so Empty, Null, Nothing, Missing and foreign text read as 0.

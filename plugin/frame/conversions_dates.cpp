@@ -1,5 +1,7 @@
+#include <algorithm>
 #include <chrono>
 #include <cmath>
+#include <cstdlib>
 
 #include "frame/calendar.h"
 #include "frame/conversions.h"

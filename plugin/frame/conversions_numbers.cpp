@@ -1,5 +1,7 @@
 #include <cmath>
 #include <limits>
+#include <string>
+#include <utility>
 
 #include "frame/calendar.h"
 #include "frame/conversions.h"

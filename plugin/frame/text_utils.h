@@ -29,6 +29,7 @@ void ApplyFormFont(const Ref<Object>& oForm);
 
 /// Rounds an amount to the decimals of a currency (its ScaleX), half away from zero for values with at most nDigits + 1
 /// decimals, half to even for longer ones. Null and amounts beyond 922337203685478 become 0; 0 is the integer 0.
+/// A whole number keeps its type. The decimals are those of the value's text: "1.1250" has four.
 Variant RoundAmount(const Variant& vValue, int nDigits);
 /// The same as a double.
 double RoundAmountOf(const Variant& vValue, int nDigits);
