@@ -49,4 +49,14 @@ std::string Session::props_string() const {
          database_.path() + "};Language=chs";
 }
 
+std::string_view edit_function(std::int32_t nClassType) {
+  switch (nClassType) {
+    case 1000201: return "AR0224";
+    case 1000202: return "AP0224";
+    case 1000205: return "AR0302";
+    case 1000206: return "AP0302";
+    default: return "";
+  }
+}
+
 }  // namespace desk

@@ -1,0 +1,92 @@
+#pragma once
+
+#include <iosfwd>
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "cli/scenario.h"
+#include "engine/bill_window.h"
+#include "engine/trace.h"
+#include "services/session.h"
+#include "services/settlement_tables.h"
+
+namespace desk {
+
+/// Plays a scenario at one seat and writes what happened in plain words. The first thing that isn't as the scenario says
+/// raises ScenarioError of the kind Failed.
+class ScenarioPlayer {
+ public:
+  struct Options {
+    std::string sToday;   // yyyy-mm-dd of new bills
+    bool bTrace = false;  // with every event, host call, SQL text and message
+  };
+
+  ScenarioPlayer(Session& session, std::ostream& out, Options options);
+  ~ScenarioPlayer();
+
+  void play(const Scenario& scenario);
+
+ private:
+  using Variables = std::map<std::string, std::string>;
+  using Steps = std::vector<Step>;
+
+  void run_block(const Steps& steps, const Variables& variables);
+  void run(const Step& step, const std::vector<std::string>& args);
+  void act(const Step& step, const std::vector<std::string>& args);
+  void expect(const Step& step, const std::vector<std::string>& args);
+  void run_loop(const Step& step, const Variables& variables);
+  std::vector<std::string> filled_in(const Step& step, const Variables& variables) const;
+
+  void new_bill(const std::string& sKind);
+  void open_bill(const std::string& sKind, const std::string& sNumber);
+  void close_bill();
+  void set(const std::string& sField, std::int32_t nRow, const std::string& sText);
+  void select(const std::vector<std::string>& args);
+  void press(const std::string& sTool);
+  void save();
+  void make_bill_voucher();
+  void answer(const std::string& sAnswer);
+
+  void expect_value(const std::string& sField, std::int32_t nRow, const std::string& sExpected);
+  void expect_message(const std::string& sText);
+  void expect_tool(const std::string& sTool, const std::string& sState);
+  void expect_open(const std::string& sSource, const std::string& sAmount);
+
+  BillWindow& bill();
+  std::string field_name(const std::string& sField, std::int32_t nRow);
+  std::int32_t row_number(const std::string& sText);
+  void show_window(const SettlementTables& tables);
+  /// A refusal ends the scenario, unless the next line says which message it expects.
+  void refused(const std::string& sWhat, const std::string& sReason);
+  void tell(const std::string& sLine);
+  void tell_trace();
+  [[noreturn]] void fail(const std::string& sText) const;
+
+  Session& session_;
+  std::ostream& out_;
+  Options options_;
+  TraceLog trace_;
+  std::string file_;
+  const Step* step_ = nullptr;
+  bool message_expected_next_ = false;
+  const SettlementTables* tables_ = nullptr;
+  arap::Ref<BillWindow> window_;
+  std::string last_number_[2];         // of receipts, of payments
+  std::vector<std::string> messages_;  // shown since the last action
+  std::size_t vouchers_told_ = 0;
+};
+
+/// What a loop goes through, one set of variables a turn: {customer} or {supplier} with {currency}, or {receipt}, or
+/// {payment}.
+std::vector<std::map<std::string, std::string>> loop_turns(Database& database, std::string_view sThing);
+
+/// What is still open on a source bill of that number, on either side.
+struct OpenAmount {
+  bool bFound = false;
+  Money amount;
+};
+OpenAmount open_amount(Database& database, const std::string& sSource);
+
+}  // namespace desk
