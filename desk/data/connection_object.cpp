@@ -1,0 +1,24 @@
+#include "data/connection_object.h"
+
+#include "data/recordset.h"
+#include "frame/conversions.h"
+
+namespace desk {
+
+using arap::Access;
+using arap::Arguments;
+using arap::Member;
+using arap::Variant;
+
+Variant DataServerObject::invoke(Member member, Access, Arguments args) {
+  if (member != Member::OpenQuery) no_such_member(member);
+  return open_recordset(database_, arap::Concat(arap::argument(args, 0)), type_name());
+}
+
+Variant AppConnectionObject::invoke(Member member, Access, Arguments args) {
+  if (member != Member::Execute) no_such_member(member);
+  if (args.empty() || args.size() > 2) throw arap::AutomationError(arap::ErrorNumber::WrongNumberOfArguments);
+  return open_recordset(database_, arap::Concat(args.back()), type_name());
+}
+
+}  // namespace desk
