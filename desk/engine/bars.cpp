@@ -82,12 +82,12 @@ Variant BarTool::invoke(Member member, Access access, Arguments args) {
     nColourKey = args.size() > 1 ? arap::LongOf(args[1]) : 0;
     return {};
   }
-  if (!is_put(access)) return get(member);
-  put(member, argument(args, 0));
+  if (!is_put(access)) return read(member);
+  write(member, argument(args, 0));
   return {};
 }
 
-void BarTool::put(Member member, const Variant& vValue) {
+void BarTool::write(Member member, const Variant& vValue) {
   switch (member) {
     case Member::Name: sName = arap::Concat(vValue); return;
     case Member::Caption: sCaption = arap::Concat(vValue); return;
@@ -104,7 +104,7 @@ void BarTool::put(Member member, const Variant& vValue) {
   }
 }
 
-Variant BarTool::get(Member member) const {
+Variant BarTool::read(Member member) const {
   switch (member) {
     case Member::Default:
     case Member::Name: return sName;

@@ -36,8 +36,8 @@ class BarTool final : public arap::Object {
   arap::Variant vPicture;
 
  private:
-  void put(arap::Member member, const arap::Variant& vValue);
-  arap::Variant get(arap::Member member) const;
+  void write(arap::Member member, const arap::Variant& vValue);
+  arap::Variant read(arap::Member member) const;
 };
 
 class Bar;
