@@ -103,9 +103,8 @@ void ScenarioPlayer::select(const std::vector<std::string>& args) {
     return chosen;
   });
   const Outcome outcome = window.press(tables_->bMoneyComesIn ? "mnuSelectBill_2000001" : "mnuSelectBill_2000002");
-  if (!outcome) return refused("the selection", outcome.sReason);
-  if (!missing.empty()) fail("the selection doesn't offer " + missing.front() + "; it may be settled already");
-  if (nTaken == 0) fail("the selection offers nothing to take");
+  if (!missing.empty() && nOffered > 0) fail("the selection doesn't offer " + missing.front() + "; it may be settled already");
+  if (!outcome || nOffered == 0) return refused("the selection", outcome.sReason);
   tell("  select " + std::to_string(nTaken) + " of " + std::to_string(nOffered) + " open bills");
 }
 
