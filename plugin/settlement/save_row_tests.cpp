@@ -1,7 +1,6 @@
 #include <cmath>
 
 #include "frame/messages.h"
-#include "frame/server_objects.h"
 #include "frame/text_utils.h"
 #include "settlement/save_rows.h"
 
@@ -111,8 +110,7 @@ bool SettlementBill::SourceBillExists(std::int32_t nClassID, std::int32_t nBillI
     return true;
   }
   sSql.append(std::to_string(nBillID));
-  const Ref<Object> oConnection = CreateLocalObject("NUVConnection.AppConnection");
-  return !Recordset(oConnection->call(Member::Execute, sSql)).Eof();
+  return !Recordset(ExecuteCommand(sSql)).Eof();
 }
 
 }  // namespace arap

@@ -1,5 +1,4 @@
 #include "frame/failure.h"
-#include "frame/server_objects.h"
 #include "settlement/settlement_bill.h"
 
 namespace arap {
@@ -15,7 +14,7 @@ void SettlementBill::SaveSettleFields() {
     std::string sSql = " UPDATE ";
     sSql.append(side_.sBillTable).append(" SET FSettleID=").append(TextOf(dSettle));
     sSql.append(",FSettleIDNo='").append(sNo).append("' WHERE FBillID=").append(TextOf(dBillId));
-    CreateLocalObject("NUVConnection.AppConnection")->call(Member::Execute, sSql);
+    ExecuteCommand(sSql);
   });
 }
 

@@ -2,6 +2,8 @@
 
 #include "frame/failure.h"
 #include "frame/server_objects.h"
+#include "frame/session.h"
+#include "frame/text_utils.h"
 
 namespace arap {
 
@@ -87,6 +89,12 @@ void SettlementBill::OnBillEvent(Event event, Arguments args) {
 
 // The list's data is on screen: nothing is left to do, and the other events of the list aren't heard.
 void SettlementBill::OnListEvent(Event, Arguments) {}
+
+Variant SettlementBill::ExecuteCommand(std::string_view sSql) {
+  ParsePropsString(GetPropsString());
+  const Ref<Object> oConnection = CreateLocalObject("NUVConnection.AppConnection");
+  return oConnection->call(Member::Execute, ConnectString(), sSql);
+}
 
 double SettlementBill::MultiplierOf(const Currency& oCurrency) {
   const std::string sOperator = oCurrency.Operator();

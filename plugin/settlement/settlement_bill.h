@@ -224,6 +224,8 @@ class SettlementBill : public ListedBillClass {
   void WriteText(Key sKey, const Variant& vText, std::int32_t nRow) const {
     Bill().SetText(Bill().GetFieldInfoByKey(sKey), vText, nRow);
   }
+  /// Runs a statement over the session's own connection.
+  static Variant ExecuteCommand(std::string_view sSql);
   /// The bill's rate is always a multiplier. 0 when the currency has neither operator.
   static double MultiplierOf(const Currency& oCurrency);
 
