@@ -1,0 +1,130 @@
+#include "data/database.h"
+
+#include <gtest/gtest.h>
+
+#include "temp_book.h"
+
+namespace desk {
+namespace {
+
+using testing::kind_of_failure;
+using testing::TempBook;
+using testing::TempFolder;
+
+TEST(DatabaseTest, ABookThatWasMadeCanBeOpenedAgainWithItsRows) {
+  TempFolder folder;
+  create_masters(*Database::create(folder.path("a.db")));
+  EXPECT_EQ(
+      Database::open(folder.path("a.db"))->query("SELECT FName FROM t_Currency WHERE FCurrencyID = 1").text(0, "fname"),
+      "人民币");
+}
+
+TEST(DatabaseTest, OpeningWhatIsNoBookSaysWhy) {
+  TempFolder folder;
+  EXPECT_EQ(kind_of_failure([&] { Database::open(folder.path("none.db")); }), ErrorKind::MissingFile);
+  const std::string sText = folder.write("text.db", std::string(5000, 'x'));
+  EXPECT_EQ(kind_of_failure([&] { Database::open(sText); }), ErrorKind::NotABook);
+  const std::string sEmpty = folder.write("empty.db", "");
+  EXPECT_EQ(kind_of_failure([&] { Database::open(sEmpty); }), ErrorKind::NotABook);
+  Database::create(folder.path("new.db"))->query("PRAGMA user_version = 99");
+  EXPECT_EQ(kind_of_failure([&] { Database::open(folder.path("new.db")); }), ErrorKind::WrongVersion);
+}
+
+TEST(DatabaseTest, AnExistingFileIsNeverOverwritten) {
+  TempFolder folder;
+  const std::string sPath = folder.write("mine.txt", "mine");
+  EXPECT_THROW(Database::create(sPath), DeskError);
+  std::ifstream file(sPath);
+  EXPECT_EQ(std::string(std::istreambuf_iterator<char>(file), {}), "mine");
+  EXPECT_EQ(kind_of_failure([&] { Database::create(folder.path("no/such/folder.db")); }), ErrorKind::MissingFile);
+}
+
+TEST(DatabaseTest, ATransactionWithoutCommitLeavesNothingBehind) {
+  TempBook book;
+  {
+    Transaction transaction(*book.database);
+    book.database->exec("INSERT INTO t_Settle VALUES (1, '01', 'x')");
+  }
+  EXPECT_TRUE(book.database->query("SELECT * FROM t_Settle").empty());
+  EXPECT_FALSE(book.database->in_transaction());
+}
+
+TEST(DatabaseTest, AnInnerTransactionCanFailAlone) {
+  TempBook book;
+  Transaction outer(*book.database);
+  book.database->exec("INSERT INTO t_Settle VALUES (1, '01', 'kept')");
+  {
+    Transaction inner(*book.database);
+    book.database->exec("INSERT INTO t_Settle VALUES (2, '02', 'dropped')");
+  }
+  outer.commit();
+  const Rows rows = book.database->query("SELECT FName FROM t_Settle");
+  ASSERT_EQ(rows.size(), 1u);
+  EXPECT_EQ(rows.text(0, "FName"), "kept");
+}
+
+TEST(DatabaseTest, ASecondWriterHearsThatTheBookIsLocked) {
+  TempBook book;
+  const auto second = Database::open(book.database->path(), {.nBusyTimeoutMs = 20, .nCachedStatements = 8});
+  Transaction transaction(*book.database);
+  EXPECT_EQ(kind_of_failure([&] { Transaction other(*second); }), ErrorKind::Locked);
+  EXPECT_FALSE(second->in_transaction());
+  transaction.commit();
+  EXPECT_NO_THROW(Transaction(*second).commit());
+}
+
+TEST(DatabaseTest, AFullDiskIsToldAndNothingIsChanged) {
+  TempBook book;
+  const auto nPages = book.database->query("PRAGMA page_count").integer(0, "page_count");
+  book.database->query("PRAGMA max_page_count = " + std::to_string(nPages));
+  const auto fill = [&] {
+    Transaction transaction(*book.database);
+    book.database->exec("INSERT INTO t_Settle VALUES (1, '01', 'small')");
+    book.database->exec("INSERT INTO t_Settle VALUES (2, '02', ?)", {std::string(200'000, 'x')});
+    transaction.commit();
+  };
+  EXPECT_EQ(kind_of_failure(fill), ErrorKind::DiskFull);
+  EXPECT_TRUE(book.database->query("SELECT * FROM t_Settle").empty());
+  EXPECT_FALSE(book.database->in_transaction());
+}
+
+TEST(DatabaseTest, ABrokenRuleOfTheTablesIsAConstraintError) {
+  TempBook book;
+  book.database->exec("INSERT INTO t_Settle VALUES (1, '01', 'x')");
+  EXPECT_EQ(kind_of_failure([&] { book.database->exec("INSERT INTO t_Settle VALUES (2, '01', 'y')"); }),
+            ErrorKind::Constraint);
+  EXPECT_EQ(
+      kind_of_failure([&] { book.database->exec("INSERT INTO t_RP_RBillEntry (FBillID, FIndex) VALUES (9, 1)"); }),
+      ErrorKind::Constraint)
+      << "an entry needs its bill";
+}
+
+TEST(DatabaseTest, EveryKindOfValueComesBackAsItWasStored) {
+  TempBook book;
+  const std::string_view sSql = "SELECT ? AS a, ? AS b, ? AS c, ? AS d, ? AS e";
+  const Rows rows = book.database->query(sSql, {7, 0.1, "客户'; --", Value(), Money{9223372036854775807}});
+  EXPECT_EQ(rows.at(0, "a").as<std::int32_t>(), 7);
+  EXPECT_EQ(rows.at(0, "B").as<double>(), 0.1);
+  EXPECT_EQ(rows.text(0, "c"), "客户'; --");
+  EXPECT_TRUE(rows.at(0, "d").is_null());
+  EXPECT_EQ(rows.money(0, "e").units, 9223372036854775807) << "beyond what a double can hold";
+  EXPECT_THROW(rows.at(0, "nothing"), DeskError);
+  EXPECT_THROW(rows.at(1, "a"), DeskError);
+}
+
+TEST(DatabaseTest, TheLeastRecentlyUsedStatementLeavesTheCache) {
+  TempFolder folder;
+  const auto database = Database::create(folder.path("a.db"), {.nBusyTimeoutMs = 100, .nCachedStatements = 3});
+  for (int i = 0; i < 20; ++i) EXPECT_EQ(database->query("SELECT " + std::to_string(i) + " AS n").integer(0, "n"), i);
+  EXPECT_EQ(database->cached_statements(), 3u);
+}
+
+TEST(DatabaseTest, ABookIsDurableAndKeepsItsReferences) {
+  TempBook book;
+  EXPECT_EQ(book.database->query("PRAGMA journal_mode").text(0, "journal_mode"), "wal");
+  EXPECT_EQ(book.database->query("PRAGMA synchronous").integer(0, "synchronous"), 2);
+  EXPECT_EQ(book.database->query("PRAGMA foreign_keys").integer(0, "foreign_keys"), 1);
+}
+
+}  // namespace
+}  // namespace desk
