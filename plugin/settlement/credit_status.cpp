@@ -4,12 +4,6 @@
 /// The partner's credit in the status bar, and the question whether the bill was pushed from another module.
 namespace arap {
 
-namespace {
-
-constexpr std::int32_t kCreditPanel = 5;
-
-}  // namespace
-
 void SettlementBill::ShowCreditStatus() {
   const Variant vCode = Bill().HeadScreenField(side_.sPartner).Text();
   Bill().SetStatusPanel(kCreditPanel, GetCreditText(vCode, Bill().TransTypeID()));

@@ -32,7 +32,6 @@ void SettlementBill::FilterEmployees(const FieldInfo& oField) {
 
 // Resume next.
 void SettlementBill::m_BillInterface_HeadCtlLostFocus(const FieldInfo& oField) {
-  constexpr std::int32_t kCreditPanel = 5;
   if (oField.IsNothing()) return;
   std::string sFieldName;
   ResumeNext([&] { sFieldName = UpperCase(Concat(oField.GetValue("FFieldName"_key, ""_key))); });

@@ -14,6 +14,8 @@ inline constexpr std::int32_t kReceiptAdvanceType = 1002;
 /// The base currency, and the percentage that means no discount.
 inline constexpr std::int32_t kBaseCurrency = 1;
 inline constexpr double kNoDiscount = 100;
+/// The panel of the status bar that tells the partner's credit.
+inline constexpr std::int32_t kCreditPanel = 5;
 /// FStatus of a checked bill.
 inline constexpr std::int32_t kChecked = 1;
 
