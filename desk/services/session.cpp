@@ -37,7 +37,11 @@ Session::~Session() {
   } catch (const DeskError&) {
     // A seat that ends on a broken connection leaves its tasks to the clean-up of the next one.
   }
-  if (&arap::CurrentPlatform() == &platform_) arap::InstallPlatform(nullptr);
+  try {
+    if (&arap::CurrentPlatform() == &platform_) arap::InstallPlatform(nullptr);
+  } catch (const arap::AutomationError&) {
+    // No platform is installed any more: another seat of this thread has taken it away already.
+  }
 }
 
 Seat Session::seat() {

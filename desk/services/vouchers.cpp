@@ -1,5 +1,6 @@
 #include "services/vouchers.h"
 
+#include <algorithm>
 #include <vector>
 
 #include "data/recordset.h"
@@ -44,6 +45,7 @@ std::vector<VoucherLine> lines_of(Database& database, const SettlementTables& ta
   const Money discount = head.money(0, "FAmount") - head.money(0, "FGot");
   if (!discount.is_zero()) lines.push_back({head.integer(0, "FDiscountAcctID"), bIn, discountFor, discount});
   lines.push_back({balance_account(database, tables), !bIn, head.money(0, "FAmountFor"), head.money(0, "FAmount")});
+  std::stable_partition(lines.begin(), lines.end(), [](const VoucherLine& line) { return line.bDebit; });
   return lines;
 }
 
