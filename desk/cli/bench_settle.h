@@ -11,9 +11,9 @@ struct SettleTimes {
   double dRssMb = 0;          // the most memory the process ever held
 };
 
-/// One customer with that many open invoices, settled by one receipt of the exact total: selection, sum, save, check. The
-/// book is a file in `sFolder` ("" is the system's folder for such files), removed afterwards. Raises DeskError when the
-/// receipt didn't settle everything.
+/// One customer with that many open invoices, settled by one receipt of the exact total: selection, sum, save, check.
+/// The book is a file in `sFolder` ("" is the system's folder for such files), removed afterwards. Raises DeskError
+/// when the receipt didn't settle everything.
 SettleTimes bench_settle(int nInvoices, const std::string& sFolder = {});
 
 }  // namespace desk

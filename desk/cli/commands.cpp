@@ -61,8 +61,8 @@ int import_file(const Choices& choices, std::ostream& out, std::ostream& err) {
   const ImportMapping mapping = mapping_of(choices.map);
   const auto database = Database::open(choices.sBook);
   const ImportResult result = import_invoices(*database, choices.sFile, mapping);
-  out << "imported " << result.nImported << " invoices, total " << result.total.text() << ", "
-      << result.nNewPartners << " new customers; " << result.aSkipped.size() << " were already in the book\n";
+  out << "imported " << result.nImported << " invoices, total " << result.total.text() << ", " << result.nNewPartners
+      << " new customers; " << result.aSkipped.size() << " were already in the book\n";
   for (const ImportLine& line : result.aBad) err << choices.sFile << ":" << line.nLine << ": " << line.sReason << '\n';
   return result.aBad.empty() ? kExitDone : kExitData;
 }
@@ -111,7 +111,8 @@ void add_import(CLI::App& app, Choices& choices) {
   CLI::App* command = app.add_subcommand("import", "Import open sales invoices from a CSV file");
   command->add_option("BOOK", choices.sBook, "File of the book")->required();
   command->add_option("FILE", choices.sFile, "CSV file with a header line")->required();
-  command->add_option("--map", choices.map, "Headers of the columns: number=COLUMN,customer=COLUMN,date=,duedate=,amount=")
+  command
+      ->add_option("--map", choices.map, "Headers of the columns: number=COLUMN,customer=COLUMN,date=,duedate=,amount=")
       ->delimiter(',');
 }
 

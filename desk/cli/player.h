@@ -14,8 +14,8 @@
 
 namespace desk {
 
-/// Plays a scenario at one seat and writes what happened in plain words. The first thing that isn't as the scenario says
-/// raises ScenarioError of the kind Failed.
+/// Plays a scenario at one seat and writes what happened in plain words. The first thing that isn't as the scenario
+/// says raises ScenarioError of the kind Failed.
 class ScenarioPlayer {
  public:
   struct Options {

@@ -103,7 +103,8 @@ void ScenarioPlayer::select(const std::vector<std::string>& args) {
     return chosen;
   });
   const Outcome outcome = window.press(tables_->bMoneyComesIn ? "mnuSelectBill_2000001" : "mnuSelectBill_2000002");
-  if (!missing.empty() && nOffered > 0) fail("the selection doesn't offer " + missing.front() + "; it may be settled already");
+  if (!missing.empty() && nOffered > 0)
+    fail("the selection doesn't offer " + missing.front() + "; it may be settled already");
   if (!outcome || nOffered == 0) return refused("the selection", outcome.sReason);
   tell("  select " + std::to_string(nTaken) + " of " + std::to_string(nOffered) + " open bills");
 }
@@ -113,13 +114,14 @@ std::vector<std::map<std::string, std::string>> loop_turns(Database& database, s
   const SettlementTables& tables = bReceipts ? kReceiptTables : kPaymentTables;
   std::vector<std::map<std::string, std::string>> turns;
   if (sThing == kOpenCustomers || sThing == kOpenSuppliers) {
-    const Rows rows = database.query(
-        side_sql(tables, "SELECT DISTINCT p.FNumber AS FNumber, c.FNumber AS FCurrency FROM {openview} v"
-                         " JOIN {partners} p ON p.FItemID = v.{viewpartner}"
-                         " JOIN t_Currency c ON c.FCurrencyID = v.FCurrencyID ORDER BY 1, 2"));
+    const Rows rows =
+        database.query(side_sql(tables,
+                                "SELECT DISTINCT p.FNumber AS FNumber, c.FNumber AS FCurrency FROM {openview} v"
+                                " JOIN {partners} p ON p.FItemID = v.{viewpartner}"
+                                " JOIN t_Currency c ON c.FCurrencyID = v.FCurrencyID ORDER BY 1, 2"));
     for (std::size_t i = 0; i < rows.size(); ++i)
-      turns.push_back({{bReceipts ? "customer" : "supplier", rows.text(i, "FNumber")},
-                       {"currency", rows.text(i, "FCurrency")}});
+      turns.push_back(
+          {{bReceipts ? "customer" : "supplier", rows.text(i, "FNumber")}, {"currency", rows.text(i, "FCurrency")}});
     return turns;
   }
   // The newest bill first: what it built on is still there when it is taken back.
@@ -133,10 +135,11 @@ std::vector<std::map<std::string, std::string>> loop_turns(Database& database, s
 OpenAmount open_amount(Database& database, const std::string& sSource) {
   OpenAmount open;
   for (const SettlementTables* tables : {&kReceiptTables, &kPaymentTables}) {
-    const Rows rows = database.query(
-        side_sql(*tables, "SELECT FAmountFor - FReceiveAmountFor AS FLeft FROM {invoice} WHERE FBillNo = ?"
-                          " UNION ALL SELECT FAmountFor - FCheckAmountFor FROM {other} WHERE FBillNo = ?"),
-        {Bind(sSource), Bind(sSource)});
+    const Rows rows =
+        database.query(side_sql(*tables,
+                                "SELECT FAmountFor - FReceiveAmountFor AS FLeft FROM {invoice} WHERE FBillNo = ?"
+                                " UNION ALL SELECT FAmountFor - FCheckAmountFor FROM {other} WHERE FBillNo = ?"),
+                       {Bind(sSource), Bind(sSource)});
     for (std::size_t i = 0; i < rows.size(); ++i) {
       open.bFound = true;
       open.amount += rows.money(i, "FLeft");

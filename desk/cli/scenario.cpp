@@ -147,7 +147,8 @@ class Parser {
   }
 
   Step row_step(const Line& line, Verb verb, const Words& args, std::string_view sForm) const {
-    if (args.size() != 4 || !is_row_number(args[1])) refuse(line, "write: " + std::string(sForm) + ", rows count from 1");
+    if (args.size() != 4 || !is_row_number(args[1]))
+      refuse(line, "write: " + std::string(sForm) + ", rows count from 1");
     return {line.nNumber, verb, Words(args.begin() + 1, args.end()), {}};
   }
 

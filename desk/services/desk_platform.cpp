@@ -15,7 +15,9 @@ constexpr int kReadOnly = 1;
 constexpr int kArchive = 32;
 constexpr int kFileNotFound = 53;
 
-QString qt_text(std::string_view sText) { return QString::fromUtf8(sText.data(), static_cast<qsizetype>(sText.size())); }
+QString qt_text(std::string_view sText) {
+  return QString::fromUtf8(sText.data(), static_cast<qsizetype>(sText.size()));
+}
 
 QFileInfo existing_file(std::string_view sPath) {
   QFileInfo info(qt_text(sPath));

@@ -1,5 +1,5 @@
-#include "frame/conversions.h"
 #include "frame/contract_containers.h"
+#include "frame/conversions.h"
 #include "frame/open_choices.h"
 #include "services/component.h"
 #include "services/session.h"
@@ -77,13 +77,12 @@ void register_login(Session& session) {
   });
   registry.add("NUVNetControl.Mutex", [&session] {
     return make_component(
-        "Mutex",
-        {{Member::GetTaskIdByUserInfo,
-          [&session](Arguments args) {
-            return tasks_as_vector(session.tasks().tasks_of(text_argument(args, 1), long_argument(args, 2)));
-          }},
-         {Member::BatchCommitTask,
-          [&session](Arguments args) { return commit_tasks(session, arap::argument(args, 1)); }}});
+        "Mutex", {{Member::GetTaskIdByUserInfo,
+                   [&session](Arguments args) {
+                     return tasks_as_vector(session.tasks().tasks_of(text_argument(args, 1), long_argument(args, 2)));
+                   }},
+                  {Member::BatchCommitTask,
+                   [&session](Arguments args) { return commit_tasks(session, arap::argument(args, 1)); }}});
   });
 }
 

@@ -7,16 +7,14 @@
 namespace desk {
 
 Session::Session(Database& database, std::string_view sUserName)
-    : database_(database),
-      user_name_(sUserName),
-      platform_(registry_),
-      tasks_(database, [this] { return seat(); }) {
+    : database_(database), user_name_(sUserName), platform_(registry_), tasks_(database, [this] { return seat(); }) {
   const Rows rows = database.query("SELECT FUserID FROM t_User WHERE FName = ?", {Bind(user_name_)});
   if (rows.empty())
     throw DeskError(ErrorKind::BadValue, "the book has no user \"" + user_name_ + "\"", database.path(),
                     "log in under a user of this book");
   user_id_ = rows.integer(0, "FUserID");
-  for (const std::string_view sProgID : {arap::open_choices::kDictionary, arap::open_choices::kVector, arap::open_choices::kTool})
+  for (const std::string_view sProgID :
+       {arap::open_choices::kDictionary, arap::open_choices::kVector, arap::open_choices::kTool})
     registry_.add(sProgID, [sProgID] { return make_engine_object(sProgID); });
   for (const std::string_view sName : arap::PublicClassNames()) {
     const std::string sProgID = std::string(arap::kLibraryName) + "." + std::string(sName);
@@ -44,13 +42,11 @@ Session::~Session() {
   }
 }
 
-Seat Session::seat() {
-  return {platform_.ComputerName().value_or("NoName"), platform_.ProcessId(), user_name_};
-}
+Seat Session::seat() { return {platform_.ComputerName().value_or("NoName"), platform_.ProcessId(), user_name_}; }
 
 std::string Session::props_string() const {
-  return "UserName=" + user_name_ + ";UserID=" + std::to_string(user_id_) + ";ConnectString={Provider=desk;Data Source=" +
-         database_.path() + "};Language=chs";
+  return "UserName=" + user_name_ + ";UserID=" + std::to_string(user_id_) +
+         ";ConnectString={Provider=desk;Data Source=" + database_.path() + "};Language=chs";
 }
 
 std::string_view edit_function(std::int32_t nClassType) {

@@ -44,11 +44,15 @@ std::string settled_by_source(const SourceKind& kind) {
          " SUM(FSettle) AS FSettle FROM ("
          "SELECT e.FInterID AS FSourceID, e.FIndex AS FIndex, e.{number} AS FNumber,"
          " e.FBillSettleAmountFor AS FSettleFor, e.FBillSettleAmount AS FSettle"
-         " FROM {entry} e WHERE e.FBillID = ? AND e.FInterID > 0 AND e.FClassID_SRC IN (" + sClasses + ")"
+         " FROM {entry} e WHERE e.FBillID = ? AND e.FInterID > 0 AND e.FClassID_SRC IN (" +
+         sClasses +
+         ")"
          " UNION ALL "
          "SELECT p.FInterID, e.FIndex, p.{number}, e.FBillSettleAmountFor, e.FBillSettleAmount"
          " FROM {entry} e JOIN {entry} p ON p.FID = e.FEntryID_SRC"
-         " WHERE e.FBillID = ? AND e.FClassID_SRC = {class} AND p.FClassID_SRC IN (" + sClasses + ")"
+         " WHERE e.FBillID = ? AND e.FClassID_SRC = {class} AND p.FClassID_SRC IN (" +
+         sClasses +
+         ")"
          ") r GROUP BY FSourceID)";
 }
 
@@ -162,15 +166,16 @@ void SettlementPosting::refuse_advance_overdraw(const Head& head, std::string_vi
   const Money rest = unused_advance(head.nPartner, head.nCurrency, head.nBillID);
   const Money after = bCheck ? rest + head.amount : rest;
   if (after < Money{})
-    refuse("该" + std::string(tables_.sPartnerName) + "的预收付余额只剩 " + (after - (bCheck ? head.amount : Money{})).text(),
+    refuse("该" + std::string(tables_.sPartnerName) + "的预收付余额只剩 " +
+               (after - (bCheck ? head.amount : Money{})).text(),
            sAction);
 }
 
 void SettlementPosting::refuse_used_bill(const Head& head, std::string_view sAction) {
   if (head.nVoucher != 0) refuse("单据[" + head.sBillNo + "]已经生成凭证", sAction);
   if (!head.used.is_zero()) refuse("单据[" + head.sBillNo + "]已经被核销", sAction);
-  const Rows rows = database_.query(
-      sql("SELECT FIndex FROM {entry} WHERE FBillID = ? AND FBackAmountFor <> 0 LIMIT 1"), {Bind(head.nBillID)});
+  const Rows rows = database_.query(sql("SELECT FIndex FROM {entry} WHERE FBillID = ? AND FBackAmountFor <> 0 LIMIT 1"),
+                                    {Bind(head.nBillID)});
   if (!rows.empty())
     refuse("单据[" + head.sBillNo + "]第" + std::to_string(rows.integer(0, "FIndex")) + "行已经退款", sAction);
 }
@@ -181,15 +186,18 @@ void SettlementPosting::refuse_over_settling(std::int32_t nBillID, std::string_v
     const std::string sReceived = "t." + std::string(kind.sReceived);
     const std::string sSql =
         "SELECT d.FIndex AS FIndex, COALESCE(t.FBillNo, d.FNumber) AS FSourceNo, t.FStatus AS FSourceStatus,"
-        " t.FAmountFor - " + sReceived + " AS FLeft, d.FSettleFor AS FWanted FROM " + settled_by_source(kind) +
-        " d LEFT JOIN " + std::string(kind.sTable) + " t ON t." + std::string(kind.sKey) + " = d.FSourceID"
+        " t.FAmountFor - " +
+        sReceived + " AS FLeft, d.FSettleFor AS FWanted FROM " + settled_by_source(kind) + " d LEFT JOIN " +
+        std::string(kind.sTable) + " t ON t." + std::string(kind.sKey) +
+        " = d.FSourceID"
         " WHERE t.FAmountFor IS NULL OR t.FStatus <> 1 OR " +
         out_of_range(sReceived + sSign + "d.FSettleFor", "t.FAmountFor") + " ORDER BY d.FIndex LIMIT 1";
     refuse_bad_source(sSql, nBillID, sAction);
   }
   const std::string sRowSql =
       "SELECT d.FIndex AS FIndex, COALESCE(b.FBillNo, d.FNumber) AS FSourceNo, b.FStatus AS FSourceStatus,"
-      " p.FBillSettleAmountFor - p.FBackAmountFor AS FLeft, d.FBackFor AS FWanted FROM " + std::string(kGivenBackByRow) +
+      " p.FBillSettleAmountFor - p.FBackAmountFor AS FLeft, d.FBackFor AS FWanted FROM " +
+      std::string(kGivenBackByRow) +
       " d LEFT JOIN {entry} p ON p.FID = d.FSourceID LEFT JOIN {bill} b ON b.FBillID = p.FBillID"
       " WHERE b.FStatus IS NULL OR b.FStatus <> 1 OR " +
       out_of_range("p.FBackAmountFor" + sSign + "d.FBackFor", "p.FBillSettleAmountFor") + " ORDER BY d.FIndex LIMIT 1";

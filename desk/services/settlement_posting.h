@@ -14,8 +14,8 @@ struct PostingResult {
   std::string sBillNo;
 };
 
-/// The write-off bookkeeping of one side. Every operation is one write transaction: it reads the open amounts inside it,
-/// so that two seats can't settle the same money twice.
+/// The write-off bookkeeping of one side. Every operation is one write transaction: it reads the open amounts inside
+/// it, so that two seats can't settle the same money twice.
 ///
 /// What a source has received always lies between 0 and its amount; what a row gave back always lies between 0 and what
 /// the row settled. An operation that would leave either range is refused.
@@ -23,8 +23,8 @@ class SettlementPosting {
  public:
   SettlementPosting(Database& database, const SettlementTables& tables) : database_(database), tables_(tables) {}
 
-  /// Adds what each row settles to what its source has received, and marks the bill as checked. A refund row acts on the
-  /// earlier bill's row and on that row's source.
+  /// Adds what each row settles to what its source has received, and marks the bill as checked. A refund row acts on
+  /// the earlier bill's row and on that row's source.
   PostingResult check(std::int32_t nBillID, const std::string& sUser);
   /// Takes back exactly what check added.
   PostingResult uncheck(std::int32_t nBillID);

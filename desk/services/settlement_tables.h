@@ -8,23 +8,23 @@ namespace desk {
 
 /// Where one side keeps its settlement bills and the bills that they settle.
 struct SettlementTables {
-  std::int32_t nClass;             // class of the settlement bill
-  std::int32_t nAdvanceType;       // the type without rows
-  std::string_view sBill;          // heads, keyed by FBillID
-  std::string_view sEntry;         // rows
-  std::string_view sType;          // column of the bill's type
-  std::string_view sPartner;       // column of the partner in the head
-  std::string_view sGot;           // "Receive" or "Pay"
-  std::string_view sNumber;        // column of the source number in the rows
-  std::string_view sInvoice;       // invoices and opening balances, keyed by FInterID
+  std::int32_t nClass;        // class of the settlement bill
+  std::int32_t nAdvanceType;  // the type without rows
+  std::string_view sBill;     // heads, keyed by FBillID
+  std::string_view sEntry;    // rows
+  std::string_view sType;     // column of the bill's type
+  std::string_view sPartner;  // column of the partner in the head
+  std::string_view sGot;      // "Receive" or "Pay"
+  std::string_view sNumber;   // column of the source number in the rows
+  std::string_view sInvoice;  // invoices and opening balances, keyed by FInterID
   std::string_view sInvoiceClasses;
-  std::string_view sOther;         // other bills, keyed by FBillID
+  std::string_view sOther;  // other bills, keyed by FBillID
   std::string_view sOtherClasses;
-  std::string_view sOpenView;      // open items
-  std::string_view sViewPartner;   // their partner column
+  std::string_view sOpenView;     // open items
+  std::string_view sViewPartner;  // their partner column
   std::string_view sPartnerTable;
-  std::string_view sBillName;      // as the user knows the bill
-  std::string_view sOpeningName;   // stands in for a source without a number
+  std::string_view sBillName;     // as the user knows the bill
+  std::string_view sOpeningName;  // stands in for a source without a number
   std::string_view sPartnerName;
   std::string_view sBalanceName;
   std::string_view sBalanceAccount;  // number that the account of open balances begins with
@@ -79,9 +79,9 @@ inline constexpr SettlementTables kPaymentTables{
     .bMoneyComesIn = false,
 };
 
-/// The template with every "{name}" replaced by the side's table or column: {bill}, {entry}, {class}, {type}, {advance},
-/// {partner}, {got}, {number}, {invoice}, {invoiceclasses}, {other}, {otherclasses}, {openview}, {viewpartner},
-/// {partners}.
+/// The template with every "{name}" replaced by the side's table or column: {bill}, {entry}, {class}, {type},
+/// {advance}, {partner}, {got}, {number}, {invoice}, {invoiceclasses}, {other}, {otherclasses}, {openview},
+/// {viewpartner}, {partners}.
 std::string side_sql(const SettlementTables& tables, std::string_view sTemplate);
 
 }  // namespace desk

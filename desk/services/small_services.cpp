@@ -15,8 +15,7 @@ using arap::Member;
 using arap::Ref;
 using arap::Variant;
 
-constexpr std::array<std::string_view, 4> kBillTables{"t_RP_RBill", "t_RP_PBill", "t_RP_ROtherBill",
-                                                      "t_RP_POtherBill"};
+constexpr std::array<std::string_view, 4> kBillTables{"t_RP_RBill", "t_RP_PBill", "t_RP_ROtherBill", "t_RP_POtherBill"};
 
 // GetBillTypeID(sProps, sTable, nBillID) or (sProps, nBillID, sTable): the callers use both orders. 0: not pushed.
 Variant bill_type_id(Database& database, Arguments args) {
@@ -77,9 +76,8 @@ void register_small_services(Session& session) {
   Database& database = session.database();
   ObjectRegistry& registry = session.registry();
   registry.add("NUVMARAPPush.clsPush", [&database] {
-    return make_component("clsPush", {{Member::GetBillTypeID, [&database](Arguments args) {
-                                         return bill_type_id(database, args);
-                                       }}});
+    return make_component(
+        "clsPush", {{Member::GetBillTypeID, [&database](Arguments args) { return bill_type_id(database, args); }}});
   });
   registry.add("NUVBills.clsCredit", [&database] {
     return make_component("clsCredit", {{Member::GetStatusMoneyAndCredit, [&database](Arguments args) {
@@ -87,9 +85,8 @@ void register_small_services(Session& session) {
                                          }}});
   });
   registry.add("NUVCHMResTool.ClsCHMHelp", [&session] {
-    return make_component("ClsCHMHelp", {{Member::ShowHelp, [&session](Arguments args) {
-                                            return show_help(session, args);
-                                          }}});
+    return make_component("ClsCHMHelp",
+                          {{Member::ShowHelp, [&session](Arguments args) { return show_help(session, args); }}});
   });
   // The desk's forms take their font from the desktop, so there is nothing to set.
   registry.add("NUVFrmRes.FrmResLoader", [] {

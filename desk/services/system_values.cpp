@@ -48,25 +48,24 @@ void register_system_values(Session& session) {
   Database& database = session.database();
   ObjectRegistry& registry = session.registry();
   registry.add("NUVBillDataAccess.SysInfo", [&database] {
-    return make_component("SysInfo", {{Member::GetSysValue, [&database](Arguments args) {
-                                         return Variant(
-                                             profile_value(database, text_argument(args, 1), text_argument(args, 2)));
-                                       }}});
+    return make_component("SysInfo",
+                          {{Member::GetSysValue, [&database](Arguments args) {
+                              return Variant(profile_value(database, text_argument(args, 1), text_argument(args, 2)));
+                            }}});
   });
   registry.add("NUVBillDataAccess.GetData", [&database] {
-    return make_component("GetData", {{Member::ExecuteSQL, [&database](Arguments args) {
-                                         return Variant(open_recordset(database, text_argument(args, 1),
-                                                                       "NUVBillDataAccess.GetData"));
-                                       }}});
+    return make_component(
+        "GetData", {{Member::ExecuteSQL, [&database](Arguments args) {
+                       return Variant(open_recordset(database, text_argument(args, 1), "NUVBillDataAccess.GetData"));
+                     }}});
   });
   registry.add("NUVMSystem.System", [&database] {
     return make_component("System",
                           {{Member::GetRptTransDate, [&database](Arguments) { return report_date(database); }}});
   });
   registry.add("NUVMCaculate.CommonSearch", [&database] {
-    return make_component("CommonSearch", {{Member::GetDateExt, [&database](Arguments args) {
-                                              return get_date_ext(database, args);
-                                            }}});
+    return make_component("CommonSearch",
+                          {{Member::GetDateExt, [&database](Arguments args) { return get_date_ext(database, args); }}});
   });
   for (const char* sProgID : {"NUVMAppConnection.AppConnection", "NUVConnection.AppConnection"}) {
     registry.add(sProgID, [&database] { return Ref<arap::Object>(arap::make_object<AppConnectionObject>(database)); });

@@ -31,8 +31,7 @@ bool has_ended(std::int32_t nProcess) {
 
 }  // namespace
 
-std::int32_t TaskMutex::take(std::int32_t nSystem, std::string_view sFunction,
-                             std::span<const std::int32_t> aRecords) {
+std::int32_t TaskMutex::take(std::int32_t nSystem, std::string_view sFunction, std::span<const std::int32_t> aRecords) {
   const Seat seat = seat_();
   Transaction transaction(database_);
   clear_ended_programs(seat);
@@ -73,8 +72,7 @@ void TaskMutex::release_all() {
 }
 
 void TaskMutex::clear_ended_programs(const Seat& seat) {
-  const Rows rows =
-      database_.query("SELECT DISTINCT FProcess FROM t_Task WHERE FMachine = ?", {Bind(seat.sMachine)});
+  const Rows rows = database_.query("SELECT DISTINCT FProcess FROM t_Task WHERE FMachine = ?", {Bind(seat.sMachine)});
   for (std::size_t i = 0; i < rows.size(); ++i) {
     const std::int32_t nProcess = rows.integer(i, "FProcess");
     if (has_ended(nProcess))

@@ -107,9 +107,10 @@ std::int32_t make_voucher(Session& session, const SettlementTables& tables, std:
   Database& database = session.database();
   Transaction transaction(database);
   const Rows head = database.query(
-      side_sql(tables, "SELECT FBillNo, FDate, FStatus, FVoucherID, FAcctID, FDiscountAcctID, FCurrencyID, FExchangeRate,"
-                       " FAmountFor, FAmount, F{got}AmountFor AS FGotFor, F{got}Amount AS FGot FROM {bill}"
-                       " WHERE FBillID = ?"),
+      side_sql(tables,
+               "SELECT FBillNo, FDate, FStatus, FVoucherID, FAcctID, FDiscountAcctID, FCurrencyID, FExchangeRate,"
+               " FAmountFor, FAmount, F{got}AmountFor AS FGotFor, F{got}Amount AS FGot FROM {bill}"
+               " WHERE FBillID = ?"),
       {Bind(nBillID)});
   check_can_have_voucher(head);
   const std::int32_t nVoucherID = insert_voucher(database, tables, nBillID, head);
@@ -151,9 +152,8 @@ std::string voucher_text(Database& database, std::int32_t nVoucherID) {
 void register_vouchers(Session& session) {
   ObjectRegistry& registry = session.registry();
   registry.add("NUVMVEdit.MVoucherEdit", [&session] {
-    return make_component("MVoucherEdit", {{Member::LoadVoucher, [&session](Arguments args) {
-                                              return load_voucher(session, args);
-                                            }}});
+    return make_component("MVoucherEdit",
+                          {{Member::LoadVoucher, [&session](Arguments args) { return load_voucher(session, args); }}});
   });
   registry.add("NUVLPSGLVoucher.VoucherInfo", [&session] {
     return make_component("VoucherInfo", {{Member::CheckVoucherRight, [&session](Arguments args) {

@@ -12,6 +12,8 @@ LONGEST_FILE = 400
 LONGEST_FUNCTION = 60
 # Files that are one list by nature.
 LONG_FILES = {"desk/data/schema_sql.cpp"}
+# Files whose one function is a table.
+TABLES = {"plugin/settlement/settlement_sides.cpp"}
 
 
 def sources(*folders, endings=(".h", ".cpp")):
@@ -64,6 +66,8 @@ class House(unittest.TestCase):
 
     def test_functions_do_not_scroll(self):
         for path in sources("plugin", "desk", "com", endings=(".cpp",)):
+            if name(path) in TABLES:
+                continue
             for line, length in functions(path.read_text(encoding="utf-8")):
                 self.assertLessEqual(length, LONGEST_FUNCTION, f"{name(path)}:{line}")
 

@@ -72,7 +72,8 @@ TEST_F(CommandLine, ABookIsntMadeTwice) {
 TEST_F(CommandLine, ReceivablesShowWhatIsOpen) {
   make_demo();
   const auto lines = shown("receivables");
-  const auto dollar = std::find_if(lines.begin(), lines.end(), [](const auto& line) { return line["currency"] == "USD"; });
+  const auto dollar =
+      std::find_if(lines.begin(), lines.end(), [](const auto& line) { return line["currency"] == "USD"; });
   ASSERT_NE(dollar, lines.end());
   EXPECT_EQ((*dollar)["number"], "XSFP000004");
   EXPECT_EQ((*dollar)["open"], "1200.00");
@@ -132,7 +133,7 @@ TEST_F(CommandLine, EveryFailureNamesItsLineAndWhatToDo) {
       {"new receipt\nexpect status 1", "day.txt:2: 审核标志 is 0, expected 1"},
       {"new receipt\nexpect message 好", "day.txt:2: the message \"好\" didn't come; there was none"},
       {"new receipt\nexpect lock FStatus free", "day.txt:2: 审核标志 is locked, not free"},
-      {"expect open XSFP000001 1", "day.txt:1: on XSFP000001 there is 1000.00 open, expected 1.00"},
+      {"expect open XSFP000001 1", "day.txt:1: on XSFP000001 there is 1000.00 open, expected 1"},
       {"expect open NONE 1", "day.txt:1: the book has no source bill NONE"},
       {"open receipt last", "day.txt:1: no receipt was saved in this scenario yet"},
       {"open receipt NONE", "day.txt:1: there is no receipt NONE"},

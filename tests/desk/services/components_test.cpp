@@ -196,8 +196,9 @@ TEST_F(Components, SourceDataOfAPaymentTellsWhatWasGivenBack) {
 TEST_F(Components, AVoucherBalancesWithTheDiscount) {
   book.add_invoice(kReceiptTables, 1, "X1", 100'00);
   book.add_simple_bill(kReceiptTables, 7, 1, 100'00);
-  book.database().exec("UPDATE t_RP_RBill SET FReceiveAmountFor = 950000, FReceiveAmount = 950000,"
-                       " FDiscountAcctID = 104");
+  book.database().exec(
+      "UPDATE t_RP_RBill SET FReceiveAmountFor = 950000, FReceiveAmount = 950000,"
+      " FDiscountAcctID = 104");
   EXPECT_THROW(make_voucher(session, kReceiptTables, 7), DeskError);
   ASSERT_TRUE(SettlementPosting(book.database(), kReceiptTables).check(7, "li").bDone);
   const std::int32_t nVoucher = make_voucher(session, kReceiptTables, 7);

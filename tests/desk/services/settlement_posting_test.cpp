@@ -32,9 +32,10 @@ TEST_P(SettlementPostingOfBothSides, CheckAddsEachRowToItsSource) {
 }
 
 TEST_P(SettlementPostingOfBothSides, CheckSettlesAnotherBillUnderItsCheckedAmount) {
-  book.database().exec(side_sql(tables(), "INSERT INTO {other} (FBillID, FBillNo, FDate, FBillTypeID, {partner},"
-                                          " FAmountFor, FAmount, FStatus) VALUES (3, 'QT3', '2026-11-02', 1, 11,"
-                                          " 400000, 400000, 1)"));
+  book.database().exec(side_sql(tables(),
+                                "INSERT INTO {other} (FBillID, FBillNo, FDate, FBillTypeID, {partner},"
+                                " FAmountFor, FAmount, FStatus) VALUES (3, 'QT3', '2026-11-02', 1, 11,"
+                                " 400000, 400000, 1)"));
   book.add_bill(tables(), 7, 30'00, 1001);
   book.add_row_of_class(tables(), 7, 1, tables().bMoneyComesIn ? 1000205 : 1000206, 3, 1, 30'00);
   EXPECT_TRUE(check(7).bDone);
@@ -145,10 +146,10 @@ TEST_P(SettlementPostingOfBothSides, ARefundGivesBackOfTheEarlierRowAndOfItsSour
   book.add_row_of_class(tables(), 8, 1, tables().nClass, 7, 1, -30'00);
   ASSERT_TRUE(check(8).bDone);
   EXPECT_EQ(book.received(tables(), 1), "50.00");
-  EXPECT_EQ(Money::from_stored(
-                book.database().value(side_sql(tables(), "SELECT FBackAmountFor FROM {entry} WHERE FID = 1")))
-                .text(),
-            "30.00");
+  EXPECT_EQ(
+      Money::from_stored(book.database().value(side_sql(tables(), "SELECT FBackAmountFor FROM {entry} WHERE FID = 1")))
+          .text(),
+      "30.00");
   EXPECT_EQ(uncheck(7).sRefusal, "单据[SK7]第1行已经退款,反审核失败。");
   ASSERT_TRUE(uncheck(8).bDone);
   ASSERT_TRUE(remove(8).bDone);
@@ -186,9 +187,7 @@ TEST_P(SettlementPostingOfBothSides, AnAdvanceCantBeTakenBackBeyondWhatIsLeft) {
   book.add_bill(tables(), 9, -60'00, tables().nAdvanceType);
   ASSERT_TRUE(check(7).bDone);
   ASSERT_TRUE(check(8).bDone);
-  EXPECT_EQ(SettlementPosting(book.database(), tables())
-                .unused_advance(tables().bMoneyComesIn ? 11 : 21, 1, 0)
-                .text(),
+  EXPECT_EQ(SettlementPosting(book.database(), tables()).unused_advance(tables().bMoneyComesIn ? 11 : 21, 1, 0).text(),
             "40.00");
   EXPECT_FALSE(check(9).bDone);
   EXPECT_FALSE(uncheck(7).bDone);

@@ -47,7 +47,8 @@ class SmallBook {
   void add_invoice(const SettlementTables& tables, std::int32_t nID, const std::string& sNumber, std::int64_t nCents) {
     const std::string sPartner = tables.bMoneyComesIn ? "FCustID" : "FSupplyID";
     database_->exec("INSERT INTO " + std::string(tables.sInvoice) + " (FInterID, FBillNo, FDate, FDueDate, " +
-                        sPartner + ", FClassTypeID, FAmountFor, FAmount) VALUES (?, ?, '2026-11-02', '2026-12-02', ?,"
+                        sPartner +
+                        ", FClassTypeID, FAmountFor, FAmount) VALUES (?, ?, '2026-11-02', '2026-12-02', ?,"
                         " ?, ?, ?)",
                     {Bind(nID), Bind(sNumber), Bind(std::int32_t{tables.bMoneyComesIn ? 11 : 21}),
                      Bind(invoice_class(tables)), Bind(cents(nCents)), Bind(cents(nCents))});
@@ -55,9 +56,10 @@ class SmallBook {
 
   /// An unchecked settlement bill without rows.
   void add_bill(const SettlementTables& tables, std::int32_t nID, std::int64_t nCents, std::int32_t nType) {
-    database_->exec(side_sql(tables, "INSERT INTO {bill} (FBillID, FBillNo, FDate, {partner}, {type}, FAcctID,"
-                                     " FAmountFor, FAmount, F{got}AmountFor, F{got}Amount) VALUES"
-                                     " (?, ?, '2026-11-05', ?, ?, 101, ?, ?, ?, ?)"),
+    database_->exec(side_sql(tables,
+                             "INSERT INTO {bill} (FBillID, FBillNo, FDate, {partner}, {type}, FAcctID,"
+                             " FAmountFor, FAmount, F{got}AmountFor, F{got}Amount) VALUES"
+                             " (?, ?, '2026-11-05', ?, ?, 101, ?, ?, ?, ?)"),
                     {Bind(nID), Bind("SK" + std::to_string(nID)), Bind(std::int32_t{tables.bMoneyComesIn ? 11 : 21}),
                      Bind(nType), Bind(cents(nCents)), Bind(cents(nCents)), Bind(cents(nCents)), Bind(cents(nCents))});
   }
@@ -69,8 +71,9 @@ class SmallBook {
   }
   void add_row_of_class(const SettlementTables& tables, std::int32_t nBill, std::int32_t nIndex, std::int32_t nClass,
                         std::int32_t nSource, std::int32_t nEntry, std::int64_t nCents) {
-    database_->exec(side_sql(tables, "INSERT INTO {entry} (FBillID, FIndex, FClassID_SRC, FInterID, FEntryID_SRC,"
-                                     " FBillSettleAmountFor, FBillSettleAmount) VALUES (?, ?, ?, ?, ?, ?, ?)"),
+    database_->exec(side_sql(tables,
+                             "INSERT INTO {entry} (FBillID, FIndex, FClassID_SRC, FInterID, FEntryID_SRC,"
+                             " FBillSettleAmountFor, FBillSettleAmount) VALUES (?, ?, ?, ?, ?, ?, ?)"),
                     {Bind(nBill), Bind(nIndex), Bind(nClass), Bind(nSource), Bind(nEntry), Bind(cents(nCents)),
                      Bind(cents(nCents))});
   }
@@ -82,9 +85,9 @@ class SmallBook {
   }
 
   std::string received(const SettlementTables& tables, std::int32_t nInvoice) {
-    return Money::from_stored(database_->value("SELECT FReceiveAmountFor FROM " + std::string(tables.sInvoice) +
-                                                   " WHERE FInterID = ?",
-                                               {Bind(nInvoice)}))
+    return Money::from_stored(
+               database_->value("SELECT FReceiveAmountFor FROM " + std::string(tables.sInvoice) + " WHERE FInterID = ?",
+                                {Bind(nInvoice)}))
         .text();
   }
   std::string status(const SettlementTables& tables, std::int32_t nBill) {
