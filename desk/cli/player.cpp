@@ -40,7 +40,15 @@ ScenarioPlayer::ScenarioPlayer(Session& session, std::ostream& out, Options opti
   });
 }
 
-ScenarioPlayer::~ScenarioPlayer() { session_.platform().set_ask_user({}); }
+ScenarioPlayer::~ScenarioPlayer() {
+  // A scenario that failed leaves its bill open. Window and plug-in hold each other until the window closes.
+  try {
+    if (window_) window_->close();
+  } catch (const arap::AutomationError&) {
+  } catch (const DeskError&) {
+  }
+  session_.platform().set_ask_user({});
+}
 
 void ScenarioPlayer::play(const Scenario& scenario) {
   file_ = scenario.sFile;
