@@ -171,6 +171,7 @@ class BillWindow final : public arap::Object {
 
   Host host_;
   std::shared_ptr<const BillTemplate> template_;
+  arap::Ref<arap::Object> map_info_;  // made when it is first asked for
   LookUps look_ups_;
   arap::EventSourceList events_;
   arap::Ref<arap::Object> plugin_;

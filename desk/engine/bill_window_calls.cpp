@@ -137,7 +137,10 @@ Variant BillWindow::state_of_bill(Member member, Arguments args) {
       oInfo->set("FName", template_->sCaption);
       return oInfo;
     }
-    case Member::BillMapInfo: return map_info();
+    case Member::BillMapInfo:
+      // The template doesn't change while the window lives; the rules ask for its map with every column of every row.
+      if (!map_info_) map_info_ = map_info();
+      return map_info_;
     case Member::FilterObject: return arap::make_object<FilterBag>(filters_);
     case Member::DataServer: return arap::make_object<DataServerObject>(host_.database);
     // The check wrote to the book: what the window shows is read again by ShowBillByID, which always follows.
