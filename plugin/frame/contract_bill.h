@@ -11,6 +11,12 @@ namespace arap {
 
 /// Row number of a head field.
 inline constexpr std::int32_t kHead = -1;
+/// FStatus of a checked bill.
+inline constexpr std::int32_t kChecked = 1;
+/// The base currency.
+inline constexpr std::int32_t kBaseCurrency = 1;
+/// The panel of the status bar that tells the partner's credit.
+inline constexpr std::int32_t kCreditPanel = 5;
 /// What GetFieldValue answers.
 enum class FieldValueKind : std::int32_t { Stored = 1, Code = 2 };
 

@@ -90,6 +90,8 @@ class Recordset : public View {
   std::int32_t RecordCount() const { return LongOf(get(Member::RecordCount)); }
   void MoveFirst() const { call(Member::MoveFirst); }
   void MoveNext() const { call(Member::MoveNext); }
+  /// Narrows to the matching records and goes to the first of them.
+  void SetFilter(const Variant& vFilter) const { put(Member::Filter, vFilter); }
   /// Value of a column of the current record, by name or 0-based index: Fields(vColumn).Value.
   Variant Value(const Variant& vColumn) const {
     return View(get(Member::Fields, vColumn)).object()->get(Member::Value);

@@ -45,6 +45,9 @@ namespace arap {
   X(GetSysValue) X(ExecuteSQL) X(GetRptTransDate) X(GetDateExt) X(Execute) X(SetFrmFont) X(ShowHelp)                  \
   X(GetStatusMoneyAndCredit) X(LoadVoucher) X(CheckVoucherRight) X(GetDataRight) X(GetBillTypeID) X(CheckBill)        \
   X(CheckBillSimple) X(GetUnCheckAmountFor) X(GetSourceBillData) X(GetRPInOutTypeInfo) X(FormatText)                  \
+  X(GetAPBillInfo) X(GetARBillInfo) X(IsSameAcctId) X(GetBill) X(GetRpt131Data) X(GetRpt132Data)                      \
+  /* related bills viewer */                                                                                          \
+  X(BillTypeID) X(BillInterID) X(ShowList)                                                                            \
   /* result grid window */                                                                                            \
   X(Cols) X(Titles) X(SetColWidth) X(Show)                                                                            \
   /* the public classes of this library */                                                                            \

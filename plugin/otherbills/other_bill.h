@@ -1,14 +1,20 @@
 #pragma once
 
+#include <cstdint>
+#include <span>
+#include <string>
 #include <string_view>
 
+#include "frame/bill_fields.h"
+#include "frame/conversions.h"
 #include "frame/public_class.h"
 #include "otherbills/other_bill_sides.h"
 
 namespace arap {
 
-/// An other bill and its list: income and expense outside the sales and purchase documents. One class for both sides;
-/// what differs is read from the side.
+/// An other bill and its list: income and expense outside the sales and purchase documents, settled at once or left
+/// open against a partner. One class for both sides; what differs is read from the side. Partner means customer or
+/// supplier.
 class OtherBill : public ListedBillClass {
  protected:
   /// Fetches the income and expense types; passes on what that raises.
@@ -20,7 +26,107 @@ class OtherBill : public ListedBillClass {
   const OtherBillSide& side_;
 
  private:
-  Recordset m_rsInOutType;
+  /// One edit as Change reports it.
+  struct Edit {
+    const FieldInfo& oField;
+    const FieldRecord& oRecord;
+    std::int32_t nRows;  // of the first body, used or not
+    Variant& vCancel;
+
+    /// The number in FFLD: the new value.
+    std::int32_t NewId() const { return LongOf(oRecord.Value("FFLD"_key)); }
+  };
+  /// The degree of credit control, as the profile holds it.
+  enum CreditDegree : std::int32_t { kWarn = 2, kRefuse = 3 };
+  class SaveRows;
+
+  // --- new_and_load ---
+  void m_BillInterface_AfterNewBill();
+  void m_BillInterface_AfterLoadBill();
+  void SetNewBillDecimals();
+  void SetBaseCurrencyInHead();
+  void ShowOwnersBar(std::int32_t nStatus);
+  void ShowOwnersBarByStatus();
+  void ShowReadersBar();
+  void ShowVoucherTool(bool bEnabled);
+  void LockRateAsLoaded(std::int32_t nStatus);
+
+  // --- type_rules ---
+  /// Locks by status and bill type. A bill without a type counts as a credit bill.
+  void ApplyBillTypeRules();
+  /// Head totals from the body. A row without a type adds nothing, whatever its amount.
+  void SumEntryAmounts();
+  /// Decimals of a money field; bBody sets those of the column too. Does nothing for a field that the template lacks.
+  void SetAmountScale(Key sKey, std::int16_t nDecimals, bool bBody);
+  /// Locks or frees FExchangeRate, and the template's formulas follow.
+  void LockExchangeRate(bool bLock);
+
+  // --- credit_status ---
+  /// Shows the partner's credit in the status bar, or empties that panel.
+  void ShowCreditStatus();
+  void ClearCreditStatus();
+  /// "" for another class type than those of the four bills, and without a partner.
+  static std::string GetCreditText(const Variant& vPartner, std::int32_t nClassType);
+
+  // --- field_rules ---
+  void m_BillInterface_BeginEdit(const FieldInfo& oField);
+  void m_BillInterface_Change(const FieldInfo& oField, const FieldRecord& oRecord, Variant& vCancel);
+  void m_BillInterface_HeadCtlLostFocus(const FieldInfo& oField);
+  void ChangeDueDate(const Edit& edit);
+  void ChangeRowAmount(const Edit& edit);
+  void ChangeBillType(const Edit& edit);
+  void ChangeCurrency(const Edit& edit);
+  void ChangeExchangeRate(const Edit& edit);
+  void ChangeInOutType(const Edit& edit);
+  void RunRowAmountActions(std::int32_t nRows);
+
+  // --- due_date ---
+  /// Writes FLimitDate, but never on a bill that is open for reading.
+  void ComputeDueDate();
+  /// From the partner's payment terms; terms of another kind leave the due date as it stands.
+  void ComputeDueDateByTerms(std::int32_t nPartner);
+  void WriteDueDate(const Variant& vDate);
+
+  // --- save_validation, save_rows ---
+  void m_BillInterface_BeforeSave(Variant& vCancel);
+  void m_BillInterface_AfterSave();
+  /// The test chain; false after the first refusal, which has shown its message.
+  bool PassesSaveTests();
+  bool NumberIsFree();
+  bool HasPartnerIfCredit();
+  bool PassesBodyTests();
+  bool PassesCreditLimit();
+  void WarnSettlementAccount();
+
+  // --- credit_limit ---
+  /// 0 when the bill passes, else the number of the profile's degree of control. An error passes to the caller.
+  std::int32_t CheckCreditLimit();
+
+  // --- bill_commands, check_commands ---
+  void m_BillInterface_MenuBarClick(const Tool& oTool, Variant& vCancel);
+
+  // --- bar_setup ---
+  void m_BillInterface_BarInitialize(const ActiveBar& oBar);
+  void m_BillInterface_MenuBarInitialize(const ActiveBar& oBar);
+
+  // --- list_commands, list_bar_setup ---
+  void m_LstInterface_BarInitialize(const ActiveBar& oBar);
+  void m_LstInterface_MenuBarInitialize(const ActiveBar& oBar);
+  void m_LstInterface_MenuBarClick(const Tool& oTool, Variant& vCancel);
+
+  // --- shared by the files ---
+  double HeadNumber(Key sKey) const { return GetBillNumber(Bill(), sKey, kHead); }
+  std::int32_t HeadLong(Key sKey) const { return GetBillLong(Bill(), sKey, kHead); }
+  /// The head value as GetFieldValue answers it.
+  Variant StoredValue(Key sKey) const { return Bill().GetFieldValue(sKey, kHead, FieldValueKind::Stored); }
+  bool IsType(std::int32_t nType) const { return HeadNumber("FBillTypeId"_key) == nType; }
+  bool IsImmediateBill() const { return IsType(side_.nImmediateType); }
+  bool IsCreditBill() const { return IsType(side_.nCreditType); }
+  bool IsChecked() const { return HeadNumber("FStatus"_key) == kChecked; }
+  /// True when the types hold nType, and it is a parent. Leaves the filter of the types on nType.
+  bool IsParentType(std::int32_t nType) const;
+
+  Recordset m_rsInOutType;  // every type; its filter stays where the last test left it
 };
 
 /// The other receivable bill: a claim on a customer.

@@ -11,13 +11,8 @@ namespace arap {
 
 /// Types of a bill that are tested by number. The receipt's advance type also stands in two tests of the payment bill.
 inline constexpr std::int32_t kReceiptAdvanceType = 1002;
-/// The base currency, and the percentage that means no discount.
-inline constexpr std::int32_t kBaseCurrency = 1;
+/// The percentage that means no discount.
 inline constexpr double kNoDiscount = 100;
-/// The panel of the status bar that tells the partner's credit.
-inline constexpr std::int32_t kCreditPanel = 5;
-/// FStatus of a checked bill.
-inline constexpr std::int32_t kChecked = 1;
 
 // --- differences in logic -----------------------------------------------------------------------------------------
 

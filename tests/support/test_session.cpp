@@ -174,11 +174,17 @@ void TestSession::add_bill_servers() {
     });
     service.answers(Member::GetUnCheckAmountFor, 0.0);
     service.on(Member::GetSourceBillData, [](Arguments) { return Variant(recordset({"FBillID"})); });
+    for (const Member member : {Member::GetAPBillInfo, Member::GetARBillInfo}) {
+      service.on(member, [](Arguments) { return Variant(recordset({"FBillID", "FBillNo"})); });
+    }
+    service.answers(Member::GetBill, true);
   }
   add(Route::Factory, "NUVMARAPPush.clsPush").answers(Member::GetBillTypeID, std::int32_t{0});
-  add(Route::Factory, "NUVlpsArApBill.clsInOutType").on(Member::GetRPInOutTypeInfo, [](Arguments) {
+  ServerStub& types = add(Route::Factory, "NUVlpsArApBill.clsInOutType");
+  types.on(Member::GetRPInOutTypeInfo, [](Arguments) {
     return Variant(recordset({"FID", "FNumber", "FName", "FParentID", "FIsLeaf"}));
   });
+  types.answers(Member::IsSameAcctId, false);
   add(Route::Direct, "NUVBills.clsCredit").answers(Member::GetStatusMoneyAndCredit, "");
 }
 
@@ -186,6 +192,12 @@ void TestSession::add_windows() {
   add(Route::Direct, "NUVMVEdit.MVoucherEdit").answers(Member::LoadVoucher, {});
   add(Route::Direct, "NUVCHMResTool.ClsCHMHelp").answers(Member::ShowHelp, {});
   add(Route::Direct, "NUVFrmRes.FrmResLoader").answers(Member::SetFrmFont, {});
+  ServerStub& related = add(Route::Factory, "NUVClassLookUp.RelateBilllookUp");
+  related.property(Member::BillTypeID).property(Member::BillInterID).answers(Member::ShowList, {});
+  ServerStub& report = add(Route::Direct, "NUVMYWARAPRpt.Data");
+  for (const Member member : {Member::GetRpt131Data, Member::GetRpt132Data}) {
+    report.on(member, [](Arguments) { return Variant(recordset({"FSumSort", "FRemainAmount"})); });
+  }
   ServerStub& grid = add(Route::Direct, "NUVDisplayer.DispBuilder");
   grid.property(Member::Cols).property(Member::Titles);
   grid.answers(Member::SetColWidth, {}).answers(Member::Add, {}).answers(Member::Show, {});
