@@ -19,9 +19,7 @@ void SettlementBill::ShowBillHelp() const {
 std::int32_t SettlementBill::VoucherOfBill() const {
   const std::string sSql = "select FVoucherID from " + std::string(side_.sBillTable.view()) + " " +
                            "where FBillID=" + std::to_string(Bill().InterID());
-  ParsePropsString(GetPropsString());
-  const Ref<Object> oConnection = CreateLocalObject("NUVConnection.AppConnection");
-  const Recordset rs(oConnection->call(Member::Execute, ConnectString(), sSql));
+  const Recordset rs(ExecuteCommand(sSql));
   if (rs.Eof()) return 0;
   return LongOf(NullToValue(rs.Value("FVoucherID"_key), std::int32_t{0}));
 }

@@ -56,12 +56,7 @@ TEST_P(AfterSelection, AnErrorIsShownAndEndsIt) {
   FailEachCall([](const std::function<void()>& arm) {
     TestSession inner;
     const auto oBill = make_settlement_bill(GetParam());
-    Ref<Object> oClass;
-    if (GetParam() == Side::Receive) {
-      oClass = make_object<clsReceiveBill>();
-    } else {
-      oClass = make_object<clsPayBill>();
-    }
+    const Ref<Object> oClass = CreatePublicObject(names_of(GetParam()).sClass);
     oClass->call(Member::Show, oBill);
     arm();
     EXPECT_NO_THROW(oBill->fire(Event::AfterSelBill, {Variant()}));

@@ -1,4 +1,4 @@
-#include "settlement_test.h"
+#include "plugin/settlement/settlement_fixture.h"
 
 namespace arap::testing {
 namespace {
@@ -8,12 +8,12 @@ class BeginEdit : public SettlementTest {
   void begin(const char* sKey) { bill->fire(Event::BeginEdit, {Ref<Object>(bill->info(sKey)), 0, 0}); }
   void leave(Variant vField) { bill->fire(Event::HeadCtlLostFocus, {Ref<Object>(), vField, 0}); }
 };
-INSTANTIATE_SIDES(BeginEdit);
+INSTANTIATE_BOTH_SIDES(BeginEdit);
 
 TEST_P(BeginEdit, ASourceNumberOffersTheLookUpOnceTheHeadHasACurrency) {
   begin(side.sSourceNo);
   EXPECT_EQ(bill->bar_status("mnuDataLookUp", "Enabled"), true);
-  EXPECT_EQ(boxes(), 0u);
+  EXPECT_EQ(box_count(), 0);
 }
 
 TEST_P(BeginEdit, WithoutACurrencyItAsksForOne) {

@@ -1,3 +1,4 @@
+#include "frame/conversions.h"
 #include "plugin/settlement/settlement_fixture.h"
 
 namespace arap::testing {
@@ -51,6 +52,22 @@ TEST_P(CheckUncheck, ACheckThatTheServiceRefusesLocksNothingAndShowsTheBillAgain
   EXPECT_EQ(calls(), (Lines{access_line("1", "True"), "BillForm.SaveBill() -> True", service_line("1", "1"), box_line(),
                             "BillEvent.ReloadAfterCheck()", "BillEvent.ShowBillByID(9)"}));
   EXPECT_FALSE(bill->cell_locked("FAmountFor"));
+}
+
+TEST_P(CheckUncheck, TheTraceOfACheckIsApproved) {
+  bill->click("mnuEditCheck");
+  expect_golden("check");
+}
+
+TEST_P(CheckUncheck, TheTraceOfARefusedCheckIsApproved) {
+  session.check_result = kFailure;
+  bill->click("mnuEditCheck");
+  expect_golden("check_refused");
+}
+
+TEST_P(CheckUncheck, TheTraceOfAnUncheckIsApproved) {
+  bill->click("mnuEditUnCheck");
+  expect_golden("uncheck");
 }
 
 TEST_P(CheckUncheck, TheServiceGetsThePropsString) {

@@ -1,4 +1,4 @@
-#include "settlement_test.h"
+#include "plugin/settlement/settlement_fixture.h"
 
 namespace arap::testing {
 namespace {
@@ -14,7 +14,7 @@ class DoOptToBill : public SettlementTest {
 
   std::array<Variant, 5> args;
 };
-INSTANTIATE_SIDES(DoOptToBill);
+INSTANTIATE_BOTH_SIDES(DoOptToBill);
 
 TEST_P(DoOptToBill, ASuccessIsToldAndLoggedUnderATask) {
   session.simple_answers[31] = {0, "完成", "SK31"};

@@ -1,4 +1,4 @@
-#include "settlement_test.h"
+#include "plugin/settlement/settlement_fixture.h"
 
 namespace arap::testing {
 namespace {
@@ -13,7 +13,7 @@ class FieldChanges : public SettlementTest {
   bool change(const char* sKey, Variant vValue) { return bill->change(sKey, -1, vValue); }
   void begin_edit(const char* sKey) { bill->fire(Event::BeginEdit, {Ref<Object>(bill->info(sKey)), 0, 0}); }
 };
-INSTANTIATE_SIDES(FieldChanges);
+INSTANTIATE_BOTH_SIDES(FieldChanges);
 
 TEST_P(FieldChanges, AFirstChoiceOfPartnerKeepsTheBody) {
   change(side.sPartner, std::int32_t{8});
@@ -57,7 +57,7 @@ TEST_P(FieldChanges, ABlankSourceNumberRemovesItsRow) {
   EXPECT_FALSE(bill->change(side.sSourceNo, 1, "  "));
   ASSERT_EQ(bill->row_count(), 1);
   EXPECT_EQ(bill->number("FInterID", 1), 2);
-  EXPECT_EQ(boxes(), 0u);
+  EXPECT_EQ(box_count(), 0);
 }
 
 TEST_P(FieldChanges, ATypedSourceNumberIsUndoneWithAMessage) {
@@ -74,7 +74,7 @@ TEST_P(FieldChanges, ATypedSourceNumberWithoutAnOldValueBecomesBlank) {
   EXPECT_FALSE(
       bill->fire_cancelable(Event::Change, {Ref<Object>(bill->info(side.sSourceNo)), Ref<Object>(&record), 1, 1}));
   EXPECT_EQ(bill->text(side.sSourceNo, 1), "");
-  EXPECT_EQ(boxes(), 1u);
+  EXPECT_EQ(box_count(), 1);
 }
 
 TEST_P(FieldChanges, AnotherTypeEmptiesTheBodyAndTheHead) {

@@ -1,4 +1,4 @@
-#include "settlement_test.h"
+#include "plugin/settlement/settlement_fixture.h"
 
 namespace arap::testing {
 namespace {
@@ -12,7 +12,7 @@ class HeadLocks : public SettlementTest {
   }
   void choose_type(std::int32_t nType) { bill->change(side.sType, -1, nType); }
 };
-INSTANTIATE_SIDES(HeadLocks);
+INSTANTIATE_BOTH_SIDES(HeadLocks);
 
 TEST_P(HeadLocks, AnAdvanceSwitchesTheFourSourceCommandsOffAndTheOthersOn) {
   choose_type(side.nAdvanceType);

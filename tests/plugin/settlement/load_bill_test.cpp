@@ -1,4 +1,4 @@
-#include "settlement_test.h"
+#include "plugin/settlement/settlement_fixture.h"
 
 namespace arap::testing {
 namespace {
@@ -28,7 +28,7 @@ class LoadBill : public SettlementTest {
   std::optional<bool> enabled(const char* sTool) const { return bill->bar_status(sTool, "Enabled"); }
   std::optional<bool> visible(const char* sTool) const { return bill->bar_status(sTool, "Visible"); }
 };
-INSTANTIATE_SIDES(LoadBill);
+INSTANTIATE_BOTH_SIDES(LoadBill);
 
 TEST_P(LoadBill, TheTraceOfAnUncheckedBillIsApproved) {
   load();

@@ -5,7 +5,10 @@ namespace {
 
 class MenuSetup : public BothSides {
  protected:
-  void SetUp() override { bill->fire(Event::MenuBarInitialize, {bill->bar}); }
+  void SetUp() override {
+    trace().clear();
+    bill->fire(Event::MenuBarInitialize, {bill->bar});
+  }
   /// Caption, description, short text, style, visible, enabled, group and picture of a tool of the bar.
   std::string tool(const char* sName) const {
     const TestTool& oTool = bill->bar->tool(sName);
@@ -18,6 +21,8 @@ class MenuSetup : public BothSides {
   }
 };
 INSTANTIATE_BOTH_SIDES(MenuSetup);
+
+TEST_P(MenuSetup, TheTraceOfTheStepsIsApproved) { expect_golden("menu_setup"); }
 
 TEST_P(MenuSetup, NewToolsAreSetAsTheMenuWantsThem) {
   EXPECT_EQ(tool("mnuEditUnCheck"), "\"反审核\" \"对单据进行取消审核操作\" \"反审核\" 1 True True False Empty");

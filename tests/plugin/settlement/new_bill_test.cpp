@@ -1,4 +1,4 @@
-#include "settlement_test.h"
+#include "plugin/settlement/settlement_fixture.h"
 
 namespace arap::testing {
 namespace {
@@ -7,7 +7,7 @@ class NewBill : public SettlementTest {
  protected:
   void open() { bill->fire(Event::AfterNewBill); }
 };
-INSTANTIATE_SIDES(NewBill);
+INSTANTIATE_BOTH_SIDES(NewBill);
 
 TEST_P(NewBill, TheTraceOfANewBillIsApproved) {
   open();

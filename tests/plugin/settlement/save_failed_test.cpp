@@ -1,4 +1,4 @@
-#include "settlement_test.h"
+#include "plugin/settlement/settlement_fixture.h"
 
 namespace arap::testing {
 namespace {
@@ -7,7 +7,7 @@ class SaveFailed : public SettlementTest {
  protected:
   void fail() { bill->fire(Event::SaveBillFailed, {dictionary(), 0, 0}); }
 };
-INSTANTIATE_SIDES(SaveFailed);
+INSTANTIATE_BOTH_SIDES(SaveFailed);
 
 TEST_P(SaveFailed, BothDiscountFieldsHoldTheFractionAfterwards) {
   bill->head("FDiscount", 0.95).head("FDiscountDsp", 95.0);

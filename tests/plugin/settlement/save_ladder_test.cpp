@@ -1,4 +1,4 @@
-#include "settlement_test.h"
+#include "plugin/settlement/settlement_fixture.h"
 
 namespace arap::testing {
 namespace {
@@ -7,7 +7,7 @@ namespace {
 class SaveLadder : public SettlementTest {
  protected:
   struct Fault {
-    const char* sText;
+    std::string sText;
     int nStyle;
     std::function<void()> make;
   };
@@ -26,7 +26,7 @@ class SaveLadder : public SettlementTest {
   }
 
   std::vector<Fault> faults() {
-    const char* sPartOfHead = pick("收款单单据头的收款金额与单据体的本次核销金额总和不相等，不允许保存。",
+    const std::string sPartOfHead = pick("收款单单据头的收款金额与单据体的本次核销金额总和不相等，不允许保存。",
                                    "付款单单据头的付款金额与单据体的本次核销金额总和不相等，不允许保存。");
     return {
         {pick("收款单币别与表体币别不能同时是不同种类的外币,请重新设置!",
@@ -49,12 +49,12 @@ class SaveLadder : public SettlementTest {
     };
   }
 };
-INSTANTIATE_SIDES(SaveLadder);
+INSTANTIATE_BOTH_SIDES(SaveLadder);
 
 TEST_P(SaveLadder, ABillWithoutAFaultIsSavedWithoutAWord) {
   make_good_bill();
   EXPECT_FALSE(bill->save());
-  EXPECT_EQ(boxes(), 0u);
+  EXPECT_EQ(box_count(), 0);
   EXPECT_EQ(bill->number("FDiscount"), 1);
   EXPECT_EQ(bill->number("FDiscountDsp"), 100);
 }
@@ -75,7 +75,7 @@ TEST_P(SaveLadder, ForEverySetOfFaultsTheFirstInOrderAnswersAlone) {
     }
     session.platform.messages.clear();
     ASSERT_TRUE(bill->save()) << nSet;
-    ASSERT_EQ(boxes(), 1u) << nSet;
+    ASSERT_EQ(box_count(), 1) << nSet;
     EXPECT_EQ(message(), aFaults[nFirst].sText) << nSet;
     EXPECT_EQ(style(), aFaults[nFirst].nStyle) << nSet;
     ASSERT_EQ(bill->number("FDiscount"), 100) << nSet;
@@ -98,7 +98,7 @@ TEST_P(SaveLadder, ACheckedBillSavesItsSettlementFieldsAloneWhateverElseIsWrong)
   bill->head("FStatus", std::int32_t{1}).head("FBillID", std::int32_t{31});
   bill->head("FSettleID", std::int32_t{4}).head("FSettleIDNO", "o'k 1");
   EXPECT_FALSE(bill->save());
-  EXPECT_EQ(boxes(), 0u);
+  EXPECT_EQ(box_count(), 0);
   EXPECT_TRUE(bill->not_save);
   ASSERT_EQ(session.commands.texts.size(), 1u);
   EXPECT_EQ(session.commands.texts[0],
@@ -110,7 +110,7 @@ TEST_P(SaveLadder, AFailingStatementOfTheSettlementFieldsIsNotTold) {
   bill->head("FStatus", std::int32_t{1});
   session.commands.fail(" UPDATE", -5, "no connection");
   EXPECT_FALSE(bill->save());
-  EXPECT_EQ(boxes(), 0u);
+  EXPECT_EQ(box_count(), 0);
   EXPECT_TRUE(bill->not_save);
 }
 

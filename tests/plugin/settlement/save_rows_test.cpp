@@ -1,4 +1,4 @@
-#include "settlement_test.h"
+#include "plugin/settlement/settlement_fixture.h"
 
 namespace arap::testing {
 namespace {
@@ -13,14 +13,14 @@ class SaveRows : public SettlementTest {
     EXPECT_TRUE(bill->save());
     EXPECT_EQ(message(), sText);
     EXPECT_EQ(style(), 48);
-    EXPECT_EQ(boxes(), 1u);
+    EXPECT_EQ(box_count(), 1);
   }
   void expect_saved() {
     EXPECT_FALSE(bill->save());
-    EXPECT_EQ(boxes(), 0u) << message();
+    EXPECT_EQ(box_count(), 0) << message();
   }
 };
-INSTANTIATE_SIDES(SaveRows);
+INSTANTIATE_BOTH_SIDES(SaveRows);
 
 TEST_P(SaveRows, EverySourceIsLookedForInTheTableOfItsClass) {
   const std::int32_t aClasses[] = {pick(1000000, 1000003), pick(1000002, 1000004), pick(1000205, 1000206), 999,

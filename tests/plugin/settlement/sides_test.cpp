@@ -2,13 +2,13 @@
 
 #include <set>
 
-#include "settlement_test.h"
+#include "plugin/settlement/settlement_fixture.h"
 
 namespace arap::testing {
 namespace {
 
 class Sides : public SettlementTest {};
-INSTANTIATE_SIDES(Sides);
+INSTANTIATE_BOTH_SIDES(Sides);
 
 TEST_P(Sides, TheTableHoldsTheNamesOfItsSide) {
   const SettlementSide& table = receive() ? kReceiveSide : kPaySide;
@@ -32,9 +32,9 @@ TEST_P(Sides, TheTableHoldsTheNamesOfItsSide) {
 TEST_P(Sides, TheClassAnswersToItsName) { EXPECT_EQ(plugin->type_name(), pick("clsReceiveBill", "clsPayBill")); }
 
 TEST_P(Sides, AnUnknownSourceLeavesTheClassSilent) {
-  const Ref<TestBill> other = make_settlement_bill(GetParam());
+  const Ref<TestBill> otherBill = make_settlement_bill(GetParam());
   plugin->call(Member::Show, dictionary());
-  EXPECT_EQ(other->events.size(), 0u);
+  EXPECT_EQ(otherBill->events.size(), 0u);
   EXPECT_EQ(bill->events.size(), 1u);
 }
 
