@@ -27,7 +27,7 @@ class SaveLadder : public SettlementTest {
 
   std::vector<Fault> faults() {
     const std::string sPartOfHead = pick("收款单单据头的收款金额与单据体的本次核销金额总和不相等，不允许保存。",
-                                   "付款单单据头的付款金额与单据体的本次核销金额总和不相等，不允许保存。");
+                                         "付款单单据头的付款金额与单据体的本次核销金额总和不相等，不允许保存。");
     return {
         {pick("收款单币别与表体币别不能同时是不同种类的外币,请重新设置!",
               "付款单币别与表体币别不能同时是不同种类的外币,请重新设置!"),
