@@ -18,6 +18,7 @@ struct ModuleState {
   Ref<Object> oGLData;                                      // NUVLPCGLView.GLData
   Ref<Object> oFormFont;                                    // NUVFrmRes.FrmResLoader
   Ref<Object> oFactory;                                     // the host's object factory
+  Ref<Object> oFrmBar;                                      // the loaded form of the bar templates
   int nWaitCursors = 0;
 };
 

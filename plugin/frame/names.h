@@ -52,6 +52,8 @@ namespace arap {
   X(Cols) X(Titles) X(SetColWidth) X(Show)                                                                            \
   /* the public classes of this library */                                                                            \
   X(m_LstInterface) X(Inside) X(DoOptToBill)                                                                          \
+  /* the form of the bar templates */                                                                                 \
+  X(BillType) X(InitControls)                                                                                         \
   /* the block of a grid control */                                                                                   \
   X(BlockMode) X(Row) X(Col) X(Row2) X(Col2) X(Lock)
 

@@ -1,16 +1,13 @@
 #include <string_view>
 
 #include "frame/bar_state.h"
-#include "frame/platform.h"
 #include "frame/session.h"
 #include "frame/text_utils.h"
+#include "lists/bar_templates.h"
 #include "settlement/settlement_bill.h"
 
 namespace arap {
 namespace {
-
-/// The colour of the pictures that counts as transparent.
-constexpr std::int32_t kPictureColourKey = 0xFF00FF;
 
 struct NewTool {
   Key sName;
@@ -20,7 +17,7 @@ struct NewTool {
   std::int32_t nStyle;
   bool bVisible;
   bool bBeginGroup;
-  std::string_view sPicture;  // "" for none
+  std::int32_t nImage;  // place in the image list of the bar templates; 0 for none
 };
 
 void AddTool(const ActiveBar& oBar, const NewTool& tool) {
@@ -32,7 +29,7 @@ void AddTool(const ActiveBar& oBar, const NewTool& tool) {
   oTool.SetVisible(tool.bVisible);
   oTool.SetEnabled(true);
   oTool.SetBeginGroup(tool.bBeginGroup);
-  if (!tool.sPicture.empty()) oTool.SetPicture(CurrentPlatform().Picture(tool.sPicture), kPictureColourKey);
+  if (tool.nImage != 0) oTool.SetPicture(FrmBar::Image(tool.nImage), kPictureColourKey);
 }
 
 void HideAndDisable(const Tool& oTool) {
@@ -53,7 +50,7 @@ void SetUpEditMenu(const ActiveBar& oBar) {
   ShowAndEnable(oBar.Tools("mnuEditAddRow"_key));
   HideAndDisable(oEdit.Tools("mnuCopyRow"_key));
   HideAndDisable(oEdit.Tools("mnuBatchFillField"_key));
-  AddTool(oBar, {"mnuEditUnCheck"_key, "反审核", "对单据进行取消审核操作", "反审核", 1, true, false, ""});
+  AddTool(oBar, {"mnuEditUnCheck"_key, "反审核", "对单据进行取消审核操作", "反审核", 1, true, false, 0});
   oEdit.Tools().Place("mnuEditUnCheck"_key);
 }
 
@@ -61,17 +58,17 @@ void SetUpEditMenu(const ActiveBar& oBar) {
 void SetUpDataMenu(const ActiveBar& oBar, const SettlementSide& side) {
   const ToolCollection oData = oBar.Bands("mnuData"_key).Tools();
   const ToolCollection oToolBand = oBar.Bands("BandToolBar"_key).Tools();
-  AddTool(oBar, {"mnuDataAutoSumAmt"_key, "自动合计", side.sAutoSumDescription, "合计", 0, true, true, "SUM"});
+  AddTool(oBar, {"mnuDataAutoSumAmt"_key, "自动合计", side.sAutoSumDescription, "合计", 0, true, true, 1});
   oData.Place("mnuCalculate"_key);
   oToolBand.Place("mnuDataLookUp"_key);
-  AddTool(oBar, {"mnuViewVch"_key, "调阅凭证", "调阅凭证", "凭证", 0, false, true, ""});
+  AddTool(oBar, {"mnuViewVch"_key, "调阅凭证", "调阅凭证", "凭证", 0, false, true, 0});
   oData.Place("mnuDataLookUp"_key);
-  AddTool(oBar, {"mnuDataAutoPartAmt"_key, "自动分摊金额", side.sAutoPartDescription, "分摊", 0, true, false, "PART"});
+  AddTool(oBar, {"mnuDataAutoPartAmt"_key, "自动分摊金额", side.sAutoPartDescription, "分摊", 0, true, false, 2});
   oData.Place("mnuDataAutoSumAmt"_key);
   oToolBand.Place("mnuDataAutoSumAmt"_key);
-  AddTool(oBar, {"mnuHelpFile"_key, "帮助目录", "帮助目录", "帮助目录", 27, true, true, ""});
+  AddTool(oBar, {"mnuHelpFile"_key, "帮助目录", "帮助目录", "帮助目录", 27, true, true, 0});
   oBar.Tools("mnuOption"_key).SetVisible(true);
-  AddTool(oBar, {side.sSelectTool, "选源单", "选源单", "选源单", 0, true, false, "VIEW"});
+  AddTool(oBar, {side.sSelectTool, "选源单", "选源单", "选源单", 0, true, false, 4});
   oData.Place("mnuDataAutoPartAmt"_key);
   oToolBand.Place("mnuDataLookUp"_key);
 }
