@@ -87,7 +87,7 @@ SettleTimes bench_settle(int nInvoices, const std::string& sFolder) {
   times.dSetupSeconds = seconds_since(setup_start);
 
   Session session(*database, first_user(*database));
-  const arap::Ref<BillWindow> window = open_settlement_window(session, kReceiptTables, sToday);
+  const OpenBillWindow window = open_settlement_window(session, kReceiptTables, sToday);
   window->new_bill();
   enter_head(*window, session);
   const auto settle_start = Clock::now();

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "cli/scenario.h"
-#include "engine/bill_window.h"
+#include "engine/open_window.h"
 #include "engine/trace.h"
 #include "services/session.h"
 #include "services/settlement_tables.h"
@@ -72,7 +72,7 @@ class ScenarioPlayer {
   const Step* step_ = nullptr;
   bool message_expected_next_ = false;
   const SettlementTables* tables_ = nullptr;
-  arap::Ref<BillWindow> window_;
+  OpenBillWindow window_;
   std::string last_number_[2];         // of receipts, of payments
   std::vector<std::string> messages_;  // shown since the last action
   std::size_t vouchers_told_ = 0;

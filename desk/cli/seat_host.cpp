@@ -21,8 +21,7 @@ Host seat_host(Session& session, const std::string& sToday) {
   return host;
 }
 
-arap::Ref<BillWindow> open_settlement_window(Session& session, const SettlementTables& tables,
-                                             const std::string& sToday) {
+OpenBillWindow open_settlement_window(Session& session, const SettlementTables& tables, const std::string& sToday) {
   return open_bill_window(seat_host(session, sToday),
                           BillTemplate::shipped(tables.bMoneyComesIn ? "receipt" : "payment"));
 }

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "engine/bill_window.h"
+#include "engine/open_window.h"
 #include "services/session.h"
 #include "services/settlement_tables.h"
 
@@ -12,8 +12,7 @@ namespace desk {
 Host seat_host(Session& session, const std::string& sToday);
 
 /// A window of the side, with the plug-in behind it.
-arap::Ref<BillWindow> open_settlement_window(Session& session, const SettlementTables& tables,
-                                             const std::string& sToday);
+OpenBillWindow open_settlement_window(Session& session, const SettlementTables& tables, const std::string& sToday);
 
 /// The system's date as yyyy-mm-dd.
 std::string system_date();

@@ -1,18 +1,14 @@
 #include "data/connection_object.h"
 
+#include "data/automation_names.h"
 #include "data/recordset.h"
 #include "frame/conversions.h"
 
 namespace desk {
 
-using arap::Access;
-using arap::Arguments;
-using arap::Member;
-using arap::Variant;
-
 Variant DataServerObject::invoke(Member member, Access, Arguments args) {
   if (member != Member::OpenQuery) no_such_member(member);
-  return open_recordset(database_, arap::Concat(arap::argument(args, 0)), type_name());
+  return open_recordset(database_, arap::Concat(argument(args, 0)), type_name());
 }
 
 Variant AppConnectionObject::invoke(Member member, Access, Arguments args) {

@@ -1,5 +1,6 @@
 #include "data/recordset.h"
 
+#include "data/automation_names.h"
 #include "data/columns.h"
 #include "data/recordset_filter.h"
 #include "data/sql_dialect.h"
@@ -8,18 +9,10 @@
 namespace desk {
 namespace {
 
-using arap::Access;
-using arap::Arguments;
-using arap::AutomationError;
-using arap::Member;
-using arap::Variant;
-
 // Numbers of the data objects.
 constexpr std::int32_t kNoCurrentRecord = 3021;
 constexpr std::int32_t kItemNotFound = 3265;
 constexpr std::int32_t kUnspecified = -2147467259;
-
-bool is_put(Access access) { return access == Access::Put || access == Access::PutRef; }
 
 /// Stored amounts become doubles in units of the currency.
 void give_money_as_double(Rows& rows) {
@@ -46,13 +39,13 @@ Variant SqlRecordset::invoke(Member member, Access access, Arguments args) {
     case Member::MoveNext: move_next(); return {};
     case Member::Filter:
       if (!is_put(access)) return filter_;
-      set_filter(arap::argument(args, 0));
+      set_filter(argument(args, 0));
       return {};
     case Member::Fields:
     case Member::Default:
       if (args.empty()) return arap::make_object<RecordsetFields>(arap::Ref<SqlRecordset>(this));
       if (member == Member::Default && is_put(access)) {
-        set_current(column(args[0]), arap::argument(args, 1));
+        set_current(column(args[0]), argument(args, 1));
         return {};
       }
       return field(args[0]);
@@ -112,7 +105,7 @@ Variant RecordsetField::invoke(Member member, Access access, Arguments args) {
     case Member::Value:
     case Member::Default:
       if (!is_put(access)) return recordset_->current(column_);
-      recordset_->set_current(column_, arap::argument(args, 0));
+      recordset_->set_current(column_, argument(args, 0));
       return {};
     default: no_such_member(member);
   }
@@ -122,8 +115,7 @@ Variant RecordsetFields::invoke(Member member, Access, Arguments args) {
   switch (member) {
     case Member::Count: return static_cast<std::int32_t>(recordset_->column_count());
     case Member::Item:
-    case Member::Default:
-      return arap::make_object<RecordsetField>(recordset_, recordset_->column(arap::argument(args, 0)));
+    case Member::Default: return arap::make_object<RecordsetField>(recordset_, recordset_->column(argument(args, 0)));
     default: no_such_member(member);
   }
 }

@@ -30,7 +30,7 @@ constexpr std::array<std::string_view, 4> kKeepingClauses = {"select", "from", "
 constexpr std::array<std::string_view, 8> kForeign = {"exec",  "execute", "if",    "while",
                                                       "begin", "goto",    "print", "top"};
 
-std::string quoted(std::string_view sValue) {
+std::string text_literal(std::string_view sValue) {
   std::string sText = "'";
   for (const char c : sValue) sText += c == '\'' ? std::string("''") : std::string(1, c);
   return sText + "'";
@@ -184,7 +184,7 @@ bool SqlExpression::compares_money(std::size_t i) const {
 void SqlExpression::carry_literal(std::size_t i, bool bLift, SqlPiece& piece) const {
   const SqlToken& token = tokens_[i];
   if (!bLift) {
-    piece.append(token.kind == Kind::String ? quoted(token.sText) : token.sText);
+    piece.append(token.kind == Kind::String ? text_literal(token.sText) : token.sText);
     return;
   }
   piece.append("?");

@@ -2,22 +2,12 @@
 
 #include <algorithm>
 
+#include "data/automation_names.h"
 #include "frame/conversions.h"
 
 namespace desk {
 
-using arap::Access;
-using arap::argument;
-using arap::Arguments;
-using arap::AutomationError;
-using arap::ErrorNumber;
-using arap::Member;
-using arap::Ref;
-using arap::Variant;
-
 namespace {
-
-bool is_put(Access access) { return access == Access::Put || access == Access::PutRef; }
 
 template <class T>
 T* find_named(const std::vector<Ref<T>>& items, std::string_view sName) {

@@ -1,18 +1,11 @@
 #include "engine/bill_data.h"
 
+#include "data/automation_names.h"
 #include "engine/containers.h"
 #include "frame/conversions.h"
 
 namespace desk {
 
-using arap::Access;
-using arap::argument;
-using arap::Arguments;
-using arap::AutomationError;
-using arap::ErrorNumber;
-using arap::Member;
-using arap::Ref;
-using arap::Variant;
 using arap::operator""_key;
 
 namespace {
@@ -36,8 +29,6 @@ RecordKey record_key(const Variant& vKey) {
   }
   return RecordKey::Other;
 }
-
-bool is_put(Access access) { return access == Access::Put || access == Access::PutRef; }
 
 }  // namespace
 

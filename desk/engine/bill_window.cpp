@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "engine/bill_store.h"
 #include "frame/conversions.h"
@@ -45,7 +46,13 @@ BillWindow::BillWindow(Host host, std::shared_ptr<const BillTemplate> bill)
   build_bar();
 }
 
-BillWindow::~BillWindow() { give_lock(); }
+BillWindow::~BillWindow() {
+  try {
+    give_lock();
+  } catch (const DeskError&) {
+    // A lock that can't be given back is left to the clean-up of the next seat.
+  }
+}
 
 void BillWindow::build_bar() {
   bar_ = arap::make_object<Bar>();
@@ -167,8 +174,8 @@ void BillWindow::close() {
 }
 
 void BillWindow::give_lock() {
-  if (edit_lock_ && bill_id_ != 0 && host_.give_edit_lock) host_.give_edit_lock(template_->nClassType, bill_id_);
-  edit_lock_ = false;
+  const bool bHeld = std::exchange(edit_lock_, false);  // what can't be given back isn't tried twice
+  if (bHeld && bill_id_ != 0 && host_.give_edit_lock) host_.give_edit_lock(template_->nClassType, bill_id_);
 }
 
 /// Name and code of each look-up value of a row; the same text is shared by all rows that name the same item.

@@ -44,7 +44,7 @@ enum class EditMode : std::int32_t { ReadOnly = 0, New = 1, Modify = 2 };
 
 /// A bill window without a window: the data of one bill, its bars and locks, and the events that the plug-in lives on.
 /// Towards the plug-in it is the "BillEvent" object; the desk's views, the command line and tests use the members
-/// below. Rows are 1-based, row -1 (or 0) addresses a head field.
+/// below. Rows are 1-based, row -1 (or 0) addresses a head field. It is opened by its owner, see open_window.h.
 class BillWindow final : public arap::Object {
  public:
   BillWindow(Host host, std::shared_ptr<const BillTemplate> bill);
@@ -52,14 +52,13 @@ class BillWindow final : public arap::Object {
 
   // --- the life of the window -------------------------------------------------------------------------------------
 
-  /// Binds a plug-in class by its Show and builds the bars. An error of the plug-in passes on.
-  void open(const arap::Ref<arap::Object>& oPlugin);
   void new_bill();
   /// False when there is no such bill. Without the edit lock, or when bReadOnly, the bill can only be read.
   bool load_bill(std::int32_t nBillID, bool bReadOnly = false);
   bool load_number(const std::string& sBillNo);
   Outcome save();
-  /// Lets the plug-in and the edit lock go.
+  /// Lets the plug-in and the edit lock go. Raises DeskError when the lock can't be given back; the window is closed
+  /// then.
   void close();
 
   // --- the user ---------------------------------------------------------------------------------------------------
@@ -103,12 +102,14 @@ class BillWindow final : public arap::Object {
   arap::EventSource* event_source() override { return &events_; }
 
  private:
+  friend class OpenBillWindow;
   friend class BillFormObject;
   friend class BillCtlObject;
   friend class ScreenFieldObject;
   friend class EntryObject;
 
   // bill_window.cpp
+  void open(const arap::Ref<arap::Object>& oPlugin);
   void build_bar();
   void reset_data();
   void reset_screen();
@@ -198,8 +199,5 @@ class BillWindow final : public arap::Object {
   bool closed_ = false;
   std::string save_reason_;
 };
-
-/// Opens a window for a shipped template with the plug-in's own class behind it.
-arap::Ref<BillWindow> open_bill_window(Host host, std::shared_ptr<const BillTemplate> bill);
 
 }  // namespace desk

@@ -1,18 +1,10 @@
+#include "data/automation_names.h"
 #include "data/connection_object.h"
 #include "engine/bill_window.h"
 #include "engine/window_objects.h"
 #include "frame/conversions.h"
 
 namespace desk {
-
-using arap::Access;
-using arap::argument;
-using arap::Arguments;
-using arap::AutomationError;
-using arap::ErrorNumber;
-using arap::Member;
-using arap::Ref;
-using arap::Variant;
 
 Variant BillWindow::invoke(Member member, Access access, Arguments args) {
   if (host_.trace != nullptr) tell(TraceObserver::Kind::Call, trace_text(arap::name_of(member), args));
@@ -44,7 +36,7 @@ Variant BillWindow::dispatch(Member member, Access access, Arguments args) {
     case Member::DeleteEntryRows: return field_call(member, args);
     default: break;
   }
-  if (access == Access::Put || access == Access::PutRef) no_such_member(member);
+  if (is_put(access)) no_such_member(member);
   return state_of_bill(member, args);
 }
 

@@ -1,18 +1,11 @@
 #include "engine/containers.h"
 
+#include "data/automation_names.h"
 #include "engine/bars.h"
 #include "frame/conversions.h"
 #include "frame/open_choices.h"
 
 namespace desk {
-
-using arap::Access;
-using arap::argument;
-using arap::Arguments;
-using arap::AutomationError;
-using arap::ErrorNumber;
-using arap::Member;
-using arap::Variant;
 
 namespace {
 
@@ -67,7 +60,7 @@ Variant HostDictionary::invoke(Member member, Access access, Arguments args) {
     case Member::Default:
     case Member::Value: {
       const KeyText sKey(argument(args, 0));
-      if (access == Access::Put || access == Access::PutRef) {
+      if (is_put(access)) {
         set(sKey, argument(args, 1));
         return {};
       }
@@ -98,7 +91,7 @@ Variant HostVector::invoke(Member member, Access access, Arguments args) {
     case Member::Default:
     case Member::Item: {
       Variant& vItem = items_[checked_position(argument(args, 0), items_.size())];
-      if (access != Access::Put && access != Access::PutRef) return vItem;
+      if (!is_put(access)) return vItem;
       vItem = argument(args, 1);
       return {};
     }

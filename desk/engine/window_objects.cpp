@@ -1,22 +1,10 @@
 #include "engine/window_objects.h"
 
+#include "data/automation_names.h"
 #include "frame/conversions.h"
 #include "frame/open_choices.h"
 
 namespace desk {
-
-using arap::Access;
-using arap::argument;
-using arap::Arguments;
-using arap::AutomationError;
-using arap::ErrorNumber;
-using arap::Member;
-using arap::Ref;
-using arap::Variant;
-
-namespace {
-bool is_put(Access access) { return access == Access::Put || access == Access::PutRef; }
-}  // namespace
 
 Variant BillFormObject::invoke(Member member, Access access, Arguments args) {
   window_->tell(TraceObserver::Kind::Call,

@@ -2,6 +2,7 @@
 
 #include <map>
 
+#include "data/automation_names.h"
 #include "frame/conversions.h"
 #include "services/component.h"
 #include "services/session.h"
@@ -9,11 +10,6 @@
 namespace desk {
 
 namespace {
-
-using arap::Arguments;
-using arap::Member;
-using arap::Ref;
-using arap::Variant;
 
 // The currencies of the book, each read once and kept until Refresh.
 class CurrencyCache {

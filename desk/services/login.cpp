@@ -1,3 +1,4 @@
+#include "data/automation_names.h"
 #include "frame/contract_containers.h"
 #include "frame/conversions.h"
 #include "frame/open_choices.h"
@@ -7,11 +8,6 @@
 namespace desk {
 
 namespace {
-
-using arap::Arguments;
-using arap::Member;
-using arap::Ref;
-using arap::Variant;
 
 // The guarded thing of TaskExec: nothing, one id, or a Vector of ids.
 std::vector<std::int32_t> guarded_records(Arguments args, std::size_t nIndex) {
@@ -77,12 +73,12 @@ void register_login(Session& session) {
   });
   registry.add("NUVNetControl.Mutex", [&session] {
     return make_component(
-        "Mutex", {{Member::GetTaskIdByUserInfo,
-                   [&session](Arguments args) {
-                     return tasks_as_vector(session.tasks().tasks_of(text_argument(args, 1), long_argument(args, 2)));
-                   }},
-                  {Member::BatchCommitTask,
-                   [&session](Arguments args) { return commit_tasks(session, arap::argument(args, 1)); }}});
+        "Mutex",
+        {{Member::GetTaskIdByUserInfo,
+          [&session](Arguments args) {
+            return tasks_as_vector(session.tasks().tasks_of(text_argument(args, 1), long_argument(args, 2)));
+          }},
+         {Member::BatchCommitTask, [&session](Arguments args) { return commit_tasks(session, argument(args, 1)); }}});
   });
 }
 

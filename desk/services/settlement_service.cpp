@@ -1,3 +1,4 @@
+#include "data/automation_names.h"
 #include "data/recordset.h"
 #include "frame/contract_containers.h"
 #include "frame/conversions.h"
@@ -10,11 +11,6 @@ namespace desk {
 
 namespace {
 
-using arap::Arguments;
-using arap::Member;
-using arap::Ref;
-using arap::Variant;
-
 // What CheckBillSimple answers in Code.
 enum class SimpleCode : std::int16_t { Refused = -1, Done = 0, Failed = 1 };
 enum class SimpleOperation : std::int32_t { Delete = 0, Check = 1, Uncheck = 2 };
@@ -25,7 +21,7 @@ class SettlementService final : public Component {
   SettlementService(std::string sTypeName, Session& session, const SettlementTables& tables)
       : Component(std::move(sTypeName)), session_(session), tables_(tables), posting_(session.database(), tables) {
     on(Member::CheckBill, [this](Arguments args) { return check_bill(args); });
-    on(Member::CheckBillSimple, [this](Arguments args) { return check_bill_simple(arap::argument(args, 0)); });
+    on(Member::CheckBillSimple, [this](Arguments args) { return check_bill_simple(argument(args, 0)); });
     on(Member::GetUnCheckAmountFor, [this](Arguments args) {
       return Variant(
           posting_.unused_advance(long_argument(args, 1), long_argument(args, 2), long_argument(args, 3)).to_double());
@@ -44,9 +40,9 @@ class SettlementService final : public Component {
     } catch (const DeskError& error) {
       result.sRefusal = error.what();
     }
-    arap::argument(args, 3) = result.bDone ? std::string(tables_.sBillName) + "[" + result.sBillNo + "]" +
-                                                 (bCheck ? "审核成功。" : "反审核成功。")
-                                           : result.sRefusal;
+    argument(args, 3) = result.bDone ? std::string(tables_.sBillName) + "[" + result.sBillNo + "]" +
+                                           (bCheck ? "审核成功。" : "反审核成功。")
+                                     : result.sRefusal;
     return std::int32_t{result.bDone ? 0 : 1};
   }
 

@@ -1,5 +1,6 @@
 #include <array>
 
+#include "data/automation_names.h"
 #include "data/recordset.h"
 #include "frame/conversions.h"
 #include "services/component.h"
@@ -9,11 +10,6 @@
 namespace desk {
 
 namespace {
-
-using arap::Arguments;
-using arap::Member;
-using arap::Ref;
-using arap::Variant;
 
 constexpr std::array<std::string_view, 4> kBillTables{"t_RP_RBill", "t_RP_PBill", "t_RP_ROtherBill", "t_RP_POtherBill"};
 

@@ -1,3 +1,4 @@
+#include "data/automation_names.h"
 #include "data/connection_object.h"
 #include "data/recordset.h"
 #include "frame/conversions.h"
@@ -7,11 +8,6 @@
 namespace desk {
 
 namespace {
-
-using arap::Arguments;
-using arap::Member;
-using arap::Ref;
-using arap::Variant;
 
 std::string profile_value(Database& database, std::string_view sCategory, std::string_view sKey) {
   return arap::Concat(database.value("SELECT FValue FROM t_SystemProfile WHERE FCategory = ? AND FKey = ?",
@@ -30,10 +26,10 @@ Variant get_date_ext(Database& database, Arguments args) {
   const Rows rows = current_period(database);
   if (rows.empty())
     throw arap::AutomationError(arap::ErrorNumber::InvalidProcedureCall, "the book has no period in use");
-  arap::argument(args, 1) = rows.integer(0, "FYear");
-  arap::argument(args, 2) = rows.integer(0, "FPeriod");
-  arap::argument(args, 3) = rows.text(0, "FStartDate");
-  arap::argument(args, 4) = rows.text(0, "FEndDate");
+  argument(args, 1) = rows.integer(0, "FYear");
+  argument(args, 2) = rows.integer(0, "FPeriod");
+  argument(args, 3) = rows.text(0, "FStartDate");
+  argument(args, 4) = rows.text(0, "FEndDate");
   return true;
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "data/automation_names.h"
 #include "data/recordset.h"
 #include "frame/contract_containers.h"
 #include "frame/conversions.h"
@@ -12,10 +13,6 @@
 namespace desk {
 
 namespace {
-
-using arap::Arguments;
-using arap::Member;
-using arap::Variant;
 
 struct VoucherLine {
   std::int32_t nAccount;

@@ -120,8 +120,7 @@ TEST_P(Window, WithoutTheEditLockABillCanOnlyBeRead) {
   ASSERT_TRUE(window->save());
   Host host(*database);
   host.take_edit_lock = [](std::int32_t, std::int32_t) { return false; };
-  const auto reader = arap::make_object<BillWindow>(host, BillTemplate::shipped(GetParam().sTemplate));
-  reader->open(arap::make_object<ScriptedPlugin>());
+  const OpenBillWindow reader(host, BillTemplate::shipped(GetParam().sTemplate), arap::make_object<ScriptedPlugin>());
   ASSERT_TRUE(reader->load_number(GetParam().sFirstNumber));
   const arap::BillEvent oBill{arap::Ref<arap::Object>(reader.get())};
   EXPECT_EQ(oBill.EditMode(), 0);
@@ -129,7 +128,6 @@ TEST_P(Window, WithoutTheEditLockABillCanOnlyBeRead) {
   EXPECT_EQ(oBill.Ctl().BillStatus(), 0);
   EXPECT_TRUE(reader->locked("FExplanation"));
   EXPECT_FALSE(reader->save());
-  reader->close();
 }
 
 TEST_P(Window, AMissingHiddenOrDisabledToolCantBePressedAndSaysWhy) {

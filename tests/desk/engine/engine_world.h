@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "data/database.h"
-#include "engine/bill_window.h"
+#include "engine/open_window.h"
 #include "frame/conversions.h"
 #include "frame/host_contract.h"
 
@@ -48,12 +48,12 @@ class ScriptedPlugin final : public arap::Object, private arap::EventSink {
   std::string type_name() const override { return "ScriptedPlugin"; }
   arap::Variant invoke(arap::Member member, arap::Access, arap::Arguments args) override {
     if (member != arap::Member::Show) no_such_member(member);
-    source_ = args[0].object().get();
+    source_ = args[0].object();
     cookie_ = source_->event_source()->advise(*this);
     return {};
   }
   ~ScriptedPlugin() override {
-    if (source_ != nullptr) source_->event_source()->unadvise(cookie_);
+    if (source_) source_->event_source()->unadvise(cookie_);
   }
 
   std::vector<std::string> aEvents;
@@ -65,7 +65,7 @@ class ScriptedPlugin final : public arap::Object, private arap::EventSink {
     if (const auto found = handlers.find(event); found != handlers.end()) found->second(args);
   }
 
-  arap::Object* source_ = nullptr;  // the window outlives its plug-in
+  arap::Ref<arap::Object> source_;  // as a real one does: only the close of the window undoes the ring
   arap::EventSource::Cookie cookie_ = 0;
 };
 
@@ -83,21 +83,18 @@ class BillWorld : public ::testing::TestWithParam<Side> {
     window = make_window();
   }
   void TearDown() override {
-    window->close();
+    window.reset();
     plugin = nullptr;
-    window = nullptr;
     database.reset();
     for (const char* sTail : {"", "-wal", "-shm"}) std::filesystem::remove(path_ + sTail);
   }
 
-  arap::Ref<BillWindow> make_window() {
+  OpenBillWindow make_window() {
     Host host(*database);
     host.sToday = "2026-11-21";
     host.sUser = "李会计";
     host.choose_sources = choose_all();
-    const auto made = arap::make_object<BillWindow>(host, BillTemplate::shipped(GetParam().sTemplate));
-    made->open(plugin);
-    return made;
+    return OpenBillWindow(host, BillTemplate::shipped(GetParam().sTemplate), plugin);
   }
 
   void fill_masters() {
@@ -135,7 +132,7 @@ class BillWorld : public ::testing::TestWithParam<Side> {
 
   std::unique_ptr<Database> database;
   arap::Ref<ScriptedPlugin> plugin;
-  arap::Ref<BillWindow> window;
+  OpenBillWindow window;
 
  private:
   std::string path_;

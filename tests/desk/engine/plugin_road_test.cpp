@@ -3,7 +3,7 @@
 #include <QTemporaryDir>
 
 #include "data/demo.h"
-#include "engine/bill_window.h"
+#include "engine/open_window.h"
 #include "frame/conversions.h"
 #include "services/session.h"
 
@@ -37,8 +37,7 @@ class PluginRoad : public ::testing::TestWithParam<Road> {
     window = open_bill_window(host, BillTemplate::shipped(GetParam().sTemplate));
   }
   void TearDown() override {
-    window->close();
-    window = nullptr;
+    window.reset();
     session.reset();
   }
 
@@ -66,7 +65,7 @@ class PluginRoad : public ::testing::TestWithParam<Road> {
 
   std::unique_ptr<Database> database;
   std::unique_ptr<Session> session;
-  arap::Ref<BillWindow> window;
+  OpenBillWindow window;
 
  private:
   QTemporaryDir folder_;
