@@ -6,3 +6,5 @@ set(CMAKE_FIND_ROOT_PATH /usr/i686-w64-mingw32)
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
+# Doubles keep 53 bits, as they do in 64 bits; the old coprocessor would round at other places.
+set(CMAKE_CXX_FLAGS_INIT "-msse2 -mfpmath=sse")

@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Installs what building, testing and running need on Debian 12, and nothing when all of it is there.
+# Installs what building, testing and running need on Debian 12, and nothing when all of it is there. --windows: also what
+# building and testing the Windows server needs.
 set -euo pipefail
 
 packages=(
@@ -9,6 +10,12 @@ packages=(
   qt6-base-dev libqt6sql6-sqlite
   libcli11-dev nlohmann-json3-dev libmuparser-dev libcsv-dev
 )
+if [ "${1:-}" = --windows ]; then
+  packages+=(
+    g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix mingw-w64-tools
+    wine wine64 libwine googletest
+  )
+fi
 
 missing=()
 for package in "${packages[@]}"; do
