@@ -60,6 +60,11 @@ std::string DeskPlatform::ApplicationPath() {
   return QCoreApplication::applicationDirPath().toStdString();
 }
 
+void DeskPlatform::StartHelpViewer(std::string_view sPath) {
+  help_files_.emplace_back(sPath);
+  if (help_viewer_) help_viewer_(help_files_.back());
+}
+
 bool DeskPlatform::FileExists(std::string_view sPath) { return QFileInfo(qt_text(sPath)).isFile(); }
 
 int DeskPlatform::FileAttributes(std::string_view sPath) {

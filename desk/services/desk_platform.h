@@ -4,6 +4,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "frame/platform.h"
@@ -41,6 +42,10 @@ class DeskPlatform final : public arap::Platform {
   /// The machine under which this seat takes its tasks; that of the system by default.
   void set_computer_name(std::string sName) { computer_name_ = std::move(sName); }
   int mouse_pointer() const { return mouse_pointer_; }
+  /// The help viewer of this machine. Without one the files are only kept.
+  void set_help_viewer(std::function<void(const std::string& sPath)> viewer) { help_viewer_ = std::move(viewer); }
+  /// The help files that were opened, by the path as the library wrote it.
+  const std::vector<std::string>& help_files() const { return help_files_; }
 
   int MsgBox(std::string_view sText, int nButtons, std::string_view sTitle) override;
   void SetMousePointer(int nPointer) override { mouse_pointer_ = nPointer; }
@@ -48,6 +53,8 @@ class DeskPlatform final : public arap::Platform {
   std::optional<std::string> ComputerName() override;
   std::int32_t ProcessId() override;
   std::string ApplicationPath() override;
+  std::string LibraryPath() override { return ApplicationPath(); }
+  void StartHelpViewer(std::string_view sPath) override;
   bool FileExists(std::string_view sPath) override;
   int FileAttributes(std::string_view sPath) override;
   void SetFileAttributes(std::string_view sPath, int nAttributes) override;
@@ -62,6 +69,8 @@ class DeskPlatform final : public arap::Platform {
   std::vector<ShownMessage> messages_;
   std::string computer_name_;
   int mouse_pointer_ = 0;
+  std::function<void(const std::string&)> help_viewer_;
+  std::vector<std::string> help_files_;
 };
 
 }  // namespace desk

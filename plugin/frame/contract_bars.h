@@ -50,6 +50,8 @@ class Band : public View {
   ToolCollection Tools() const { return ToolCollection(get(Member::Tools)); }
   Tool Tools(const Variant& vNameOrIndex) const { return Tools().Item(vNameOrIndex); }
   void SetCaption(const Variant& vText) const { put(Member::Caption, vText); }
+  void SetVisible(bool bVisible) const { put(Member::Visible, bVisible); }
+  void SetEnabled(bool bEnabled) const { put(Member::Enabled, bEnabled); }
 };
 
 class ActiveBar : public View {

@@ -160,6 +160,10 @@ class BillEvent : public View {
   std::int32_t TransTypeID() const { return LongOf(get(Member::TransTypeID)); }
   Dictionary BillTypeInfo() const { return Dictionary(get(Member::BillTypeInfo)); }
   Dictionary BillMapInfo() const { return Dictionary(get(Member::BillMapInfo)); }
+  /// A value of the window's filter: FilterObject.Filter(key).
+  Variant FilterValue(const Variant& vKey) const {
+    return get(Member::FilterObject).object()->get(Member::Filter, vKey);
+  }
   DataServer Server() const { return DataServer(get(Member::DataServer)); }
   ActiveBar BarControl() const { return ActiveBar(get(Member::BarControl)); }
   BillForm Form() const { return BillForm(get(Member::BillForm)); }

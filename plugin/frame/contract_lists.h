@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include "frame/contract_bars.h"
 #include "frame/contract_containers.h"
 
@@ -22,6 +24,26 @@ class ListEvents : public View {
   Variant ListDataServer() const { return get(Member::ListDataServer); }
   Vector SelectedRows() const { return Vector(get(Member::SelectedRows)); }
   Variant ListForm() const { return get(Member::ListForm); }
+  ActiveBar BarControl() const { return ActiveBar(get(Member::BarControl)); }
+};
+
+/// The base-data window's event source and operations: a tree, and a grid of the records under its selected node.
+class BaseClassEvent : public View {
+ public:
+  using View::View;
+  /// Tells the tree its root: the id in all three places.
+  void SetRootNode(std::int32_t nRoot) const { call(Member::SetRootNode, nRoot, nRoot, nRoot, ""_key); }
+  std::int32_t SelectedNodeID() const { return LongOf(get(Member::SelectedNodeID)); }
+  /// Id of the current record of the grid; 0 or less when none.
+  std::int32_t CurrentItemID() const { return LongOf(get(Member::CurrentItemID)); }
+  /// Name of the control that has the focus; "" when none has it.
+  std::string ActiveControlName() const {
+    const Variant vControl = get(Member::ActiveControl);
+    if (!vControl.is_object() || vControl.is_nothing()) return {};
+    return Concat(vControl.object()->get(Member::Name));
+  }
+  /// Reloads the grid.
+  void RefreshItems(std::int32_t nMode) const { call(Member::RefreshItems, nMode); }
   ActiveBar BarControl() const { return ActiveBar(get(Member::BarControl)); }
 };
 

@@ -48,6 +48,9 @@ namespace arap {
   X(GetAPBillInfo) X(GetARBillInfo) X(IsSameAcctId) X(GetBill) X(GetRpt131Data) X(GetRpt132Data)                      \
   /* related bills viewer */                                                                                          \
   X(BillTypeID) X(BillInterID) X(ShowList)                                                                            \
+  X(CheckRPInOutTypeUsed) X(GetData)                                                                                  \
+  /* bill list window */                                                                                              \
+  X(SystemName) X(LocalCnn) X(ListRecordset) X(ListRSFieldVect) X(SetOpt)                                             \
   /* result grid window */                                                                                            \
   X(Cols) X(Titles) X(SetColWidth) X(Show)                                                                            \
   /* the public classes of this library */                                                                            \

@@ -26,6 +26,11 @@ class Platform {
   virtual std::int32_t ProcessId() = 0;
   /// The folder of the running application, with or without a separator at its end.
   virtual std::string ApplicationPath() = 0;
+  /// The folder of the library's own file, without a separator at its end.
+  virtual std::string LibraryPath() = 0;
+  /// Starts the viewer of help files on that file's start page, in a normal window, and doesn't wait for it: "hh.exe "
+  /// and the path on Windows. A file that isn't there is the viewer's to report.
+  virtual void StartHelpViewer(std::string_view sPath) = 0;
   virtual bool FileExists(std::string_view sPath) = 0;
   /// The attribute bits of a file: 1 read-only, 32 archive. Raise 53 for a file that isn't there.
   virtual int FileAttributes(std::string_view sPath) = 0;

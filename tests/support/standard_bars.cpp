@@ -59,18 +59,35 @@ Ref<TestBar> TestBar::of_list_window() {
 }
 
 Ref<TestBar> TestBar::of_type_window() {
-  return with_tools({
+  auto oBar = with_tools({
       {"BandToolBar",
        {"mnuFileNewItem", "mnuFileNewGroup", "mnuEditModify", "mnuEditDel", "mnuDataFind", "mnuFilePrint",
-        "mnuFilePreview", "mnuDataPre", "mnuDataNext", "mnuFileExit"}},
+        "mnuFilePrintPreview", "mnuFileExit"}},
       {"mnuFile",
-       {"mnuFileNewItem", "mnuFileNewGroup", "mnuEditCopy", "mnuFilePageSetup", "mnuFilePrint", "mnuFilePreview",
-        "mnuExportData", "mnuFileExit"}},
+       {"mnuFileNewItem", "mnuFileNewGroup", "mnuFilePageSetup", "mnuPreHeadFoot", "mnuFilePrint",
+        "mnuFilePrintPreview", "mnuExportData", "mnuFileExit"}},
       {"mnuEdit", {"mnuEditModify", "mnuEditDel", "mnuEditDelGroup", "mnuEditUse", "mnuEditUnuse"}},
-      {"mnuData", {"mnuDataFind", "mnuDataRefesh", "mnuCaculate"}},
-      {"mnuOption", {"mnuOption", "mnuOptionBatchFull"}},
+      {"mnuData", {"mnuDataFind", "mnuDataRefesh"}},
       {"mnuView", {"mnuViewToolBar", "mnuViewToolCaption"}},
-      {"mnuCust", {"mnuHelpDetail", "mnuHelpFile"}},
+      {"mnuCust", {"mnuHelpDetail"}},
+  });
+  oBar->tools().add("mnuOption");
+  return oBar;
+}
+
+Ref<TestBar> TestBar::of_type_bill() {
+  return with_tools({
+      {"BandToolBar",
+       {"mnuFileNew", "mnuFileSave", "mnuFilePrint", "mnuFilePreview", "mnuDataPre", "mnuDataNext", "mnuFileExit"}},
+      {"mnuFile",
+       {"mnuFileNew", "mnuFileSave", "mnuEditCopy", "mnuFilePageSetup", "mnuFilePreview", "mnuFilePrintSetup",
+        "mnuFileNotePrintSetup", "mnuFilePrint", "mnuFileExit"}},
+      {"mnuData",
+       {"mnuDataLookUp", "mnuDataRefesh", "mnuCaculate", "mnuStockQuery", "mnuDataAccessory", "mnuGetSysDate",
+        "mnuDataPre", "mnuDataNext"}},
+      {"mnuFormat", {"mnuFormatBack"}},
+      {"mnuOption", {"mnuOptionLinkBill", "mnuFormatIndentity", "mnuOptionBatchFull"}},
+      {"mnuCust", {"mnuHelpFile"}},
   });
 }
 

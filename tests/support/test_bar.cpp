@@ -87,6 +87,10 @@ TestTool* TestTools::find(std::string_view sName) const {
   return nullptr;
 }
 
+void TestTools::remove(std::string_view sName) {
+  std::erase_if(tools_, [sName](const Ref<TestTool>& tool) { return same_name(tool->name(), sName); });
+}
+
 std::vector<std::string> TestTools::names() const {
   std::vector<std::string> aNames;
   for (const Ref<TestTool>& tool : tools_) aNames.push_back(tool->name());

@@ -51,6 +51,7 @@ class TestTools final : public HostObject {
   TestTool* find(std::string_view sName) const;
   TestTool& add(std::string_view sName) { return insert(tools_.size(), sName); }
   TestTool& insert(std::size_t nIndex, std::string_view sName);
+  void remove(std::string_view sName);
   std::vector<std::string> names() const;
   std::size_t size() const { return tools_.size(); }
 
@@ -83,6 +84,7 @@ class TestBar final : public HostObject {
   static Ref<TestBar> of_bill_window();
   static Ref<TestBar> of_list_window();
   static Ref<TestBar> of_type_window();
+  static Ref<TestBar> of_type_bill();
 
   /// The bar's own tool, and a band's. They fail the test's assumption with error 9 when it isn't there.
   TestTool& tool(std::string_view sName) const;
@@ -95,6 +97,9 @@ class TestBar final : public HostObject {
   bool band_state(std::string_view sBand, Member member) const;
   TestTools& tools() const { return *tools_; }
   void add_band(std::string_view sName);
+  /// Takes a tool away: the bar's own (the bands keep theirs), and a band's.
+  void remove(std::string_view sTool) { tools_->remove(sTool); }
+  void remove(std::string_view sBand, std::string_view sTool) { band(sBand).tools->remove(sTool); }
 
  private:
   struct Band {

@@ -55,6 +55,12 @@ Ref<Object> TestPlatform::CreateObject(std::string_view sProgID) {
   return found->factory();
 }
 
+void TestPlatform::StartHelpViewer(std::string_view sPath) {
+  help_files.emplace_back(sPath);
+  if (trace().records(false)) trace().add("StartHelpViewer(" + show(Variant(sPath)) + ")");
+  trace().count_call();
+}
+
 int TestPlatform::FileAttributes(std::string_view sPath) {
   const auto found = files.find(sPath);
   if (found == files.end()) throw AutomationError(kFileNotFound, "Platform", "File not found");

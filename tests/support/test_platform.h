@@ -45,6 +45,8 @@ class TestPlatform final : public Platform {
   std::optional<std::string> computer_name = "SEAT-1";
   std::int32_t process_id = 4711;
   std::string application_path = "C:\\Program";
+  std::string library_path = "C:\\Plugin";
+  std::vector<std::string> help_files;            // what the help viewer was started on
   std::map<std::string, int, std::less<>> files;  // path to attribute bits
   std::map<std::string, Variant, std::less<>> pictures;
 
@@ -54,6 +56,8 @@ class TestPlatform final : public Platform {
   std::optional<std::string> ComputerName() override { return computer_name; }
   std::int32_t ProcessId() override { return process_id; }
   std::string ApplicationPath() override { return application_path; }
+  std::string LibraryPath() override { return library_path; }
+  void StartHelpViewer(std::string_view sPath) override;
   bool FileExists(std::string_view sPath) override { return files.find(sPath) != files.end(); }
   int FileAttributes(std::string_view sPath) override;
   void SetFileAttributes(std::string_view sPath, int nAttributes) override;

@@ -185,6 +185,10 @@ void TestSession::add_bill_servers() {
     return Variant(recordset({"FID", "FNumber", "FName", "FParentID", "FIsLeaf"}));
   });
   types.answers(Member::IsSameAcctId, false);
+  types.answers(Member::CheckRPInOutTypeUsed, false);
+  add(Route::Factory, "NUVClassTpl.Datasrv").on(Member::GetData, [this](Arguments args) {
+    return class_data.run(argument(args, 0).text());
+  });
   add(Route::Direct, "NUVBills.clsCredit").answers(Member::GetStatusMoneyAndCredit, "");
 }
 
@@ -201,6 +205,10 @@ void TestSession::add_windows() {
   ServerStub& grid = add(Route::Direct, "NUVDisplayer.DispBuilder");
   grid.property(Member::Cols).property(Member::Titles);
   grid.answers(Member::SetColWidth, {}).answers(Member::Add, {}).answers(Member::Show, {});
+  ServerStub& bills = add(Route::Direct, "NUVBills.Bills");
+  bills.property(Member::SystemName).property(Member::LocalCnn);
+  bills.property(Member::ListRecordset).property(Member::ListRSFieldVect);
+  bills.answers(Member::SetOpt, {}).answers(Member::Show, {});
   ServerStub& connection = add(Route::Direct, open_choices::kAdoConnection);
   connection.property(Member::ConnectionString, "");
   connection.on(Member::Open, [&connection](Arguments args) -> Variant {

@@ -56,6 +56,8 @@ class Machine final : public Platform {
   std::optional<std::string> ComputerName() override { return std::nullopt; }
   std::int32_t ProcessId() override { return 1; }
   std::string ApplicationPath() override { return {}; }
+  std::string LibraryPath() override { return {}; }
+  void StartHelpViewer(std::string_view) override {}
   bool FileExists(std::string_view) override { return false; }
   int FileAttributes(std::string_view) override { return 0; }
   void SetFileAttributes(std::string_view, int) override {}
