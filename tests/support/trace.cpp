@@ -95,7 +95,7 @@ void Trace::reset() {
 void Trace::fail_at(std::int64_t nCall, std::int32_t nNumber) {
   calls_to_fault_ = nCall;
   fault_number_ = nNumber;
-  faulted_ = false;
+  if (nCall != 0) faulted_ = false;
 }
 
 void Trace::raise_fault() {

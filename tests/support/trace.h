@@ -40,7 +40,7 @@ class Trace {
 
   /// The nCall-th host call from now on (reads and container accesses count too) raises this error; 0 disarms.
   void fail_at(std::int64_t nCall, std::int32_t nNumber = kFaultNumber);
-  /// True when the armed fault came.
+  /// True when the fault that was armed last came; a session that ends disarms and leaves the answer.
   bool faulted() const { return faulted_; }
   static constexpr std::int32_t kFaultNumber = -2147467259;
 

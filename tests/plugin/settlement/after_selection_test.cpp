@@ -52,17 +52,5 @@ TEST_P(AfterSelection, OnlyTheReceiptSetsTheRefundColumns) {
   EXPECT_EQ(bill->visible("FEntryAmount_SRC"), pick(false, true));
 }
 
-TEST_P(AfterSelection, AnErrorIsShownAndEndsIt) {
-  FailEachCall([](const std::function<void()>& arm) {
-    TestSession inner;
-    const auto oBill = make_settlement_bill(GetParam());
-    const Ref<Object> oClass = CreatePublicObject(names_of(GetParam()).sClass);
-    oClass->call(Member::Show, oBill);
-    arm();
-    EXPECT_NO_THROW(oBill->fire(Event::AfterSelBill, {Variant()}));
-    EXPECT_EQ(inner.platform.messages.size(), trace().faulted() ? 1u : 0u);
-  });
-}
-
 }  // namespace
 }  // namespace arap::testing
