@@ -7,7 +7,7 @@
 
 #include <chrono>
 
-#include "cli/seat_host.h"
+#include "services/seat_host.h"
 #include "data/demo.h"
 #include "frame/conversions.h"
 

@@ -10,7 +10,7 @@
 
 #include "cli/bench_settle.h"
 #include "cli/player.h"
-#include "cli/seat_host.h"
+#include "services/seat_host.h"
 #include "cli/show.h"
 #include "data/demo.h"
 #include "data/import_csv.h"

@@ -2,7 +2,7 @@
 
 #include <ostream>
 
-#include "cli/seat_host.h"
+#include "services/seat_host.h"
 #include "frame/contract_bill.h"
 #include "frame/conversions.h"
 #include "frame/messages.h"

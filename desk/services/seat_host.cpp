@@ -1,4 +1,4 @@
-#include "cli/seat_host.h"
+#include "services/seat_host.h"
 
 #include <QDate>
 
