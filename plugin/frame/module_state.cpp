@@ -30,6 +30,10 @@ ModuleUse::~ModuleUse() {
   t_module = nullptr;
 }
 
+void Platform::ShowGridForm(GridForm&) {
+  throw AutomationError(ErrorNumber::CannotCreateObject, "FPSpreadADO.fpSpread");
+}
+
 void InstallPlatform(Platform* platform) { t_platform = platform; }
 
 Platform& CurrentPlatform() {

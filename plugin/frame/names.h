@@ -58,7 +58,14 @@ namespace arap {
   /* the form of the bar templates */                                                                                 \
   X(BillType) X(InitControls)                                                                                         \
   /* the block of a grid control */                                                                                   \
-  X(BlockMode) X(Row) X(Col) X(Row2) X(Col2) X(Lock)
+  X(BlockMode) X(Row) X(Col) X(Row2) X(Col2) X(Lock)                                                                  \
+  /* the grid control of a form */                                                                                    \
+  X(MaxRows) X(MaxCols) X(RowHeight) X(ColWidth) X(ColHidden) X(CellType) X(TypeFloatDecimalPlaces) X(TypeFloatMin)   \
+  X(TypeFloatMax) X(AllowColMove) X(AllowRowMove) X(Appearance) X(EditEnterAction) X(EditModeReplace)                 \
+  X(ButtonDrawMode) X(SelBackColor) X(SelForeColor) X(ShadowColor) X(GridColor) X(ShadowDark) X(LockBackColor)        \
+  X(UserResize)                                                                                                       \
+  /* partial refunds and their form */                                                                                \
+  X(getRS) X(FormatGrid) X(HideCol) X(FInterID) X(vctBackData) X(OK) X(TotalBackAmount)
 
 #define ARAP_EVENTS(X)                                                                                                \
   X(BarInitialize) X(MenuBarInitialize) X(BeforeLoadBill) X(BeforLoadBillFillData) X(AfterLoadBill) X(AfterNewBill)   \

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string_view>
 
 #include "frame/names.h"
@@ -26,6 +27,12 @@ inline constexpr Member kToolSwitchedOff = Member::Visible;
 inline constexpr Member kToolChecked = Member::Checked;
 /// The short text of a new tool.
 inline constexpr Member kToolShortText = Member::ToolTipText;
+
+/// The cell type of the grid control that takes numbers, and its properties.
+inline constexpr std::int32_t kNumberCell = 2;
+inline constexpr Member kNumberCellDecimals = Member::TypeFloatDecimalPlaces;
+inline constexpr Member kNumberCellMin = Member::TypeFloatMin;
+inline constexpr Member kNumberCellMax = Member::TypeFloatMax;
 
 /// The class of base data that GetDataRight is asked for: accounts.
 inline constexpr int kAccountClass = 1;

@@ -9,6 +9,19 @@
 
 namespace arap {
 
+/// The rules of a form that is one grid control with an OK and a Cancel button.
+class GridForm {
+ public:
+  /// The form is made and not yet seen; oGrid is its grid control.
+  virtual void Form_Load(const Ref<Object>& oGrid) = 0;
+  virtual void CmdOk_Click() = 0;
+  /// Also the form's close box.
+  virtual void CmdCancel_Click() = 0;
+
+ protected:
+  ~GridForm() = default;
+};
+
 /// The second, smaller door: what the library asks of the machine it runs on. com/ answers with Windows calls, desk/
 /// with its own, tests with a script. All texts are UTF-8.
 class Platform {
@@ -37,6 +50,9 @@ class Platform {
   virtual void SetFileAttributes(std::string_view sPath, int nAttributes) = 0;
   /// The picture of that name (SUM, PART, VIEW, ...) as the host's bar takes it; Empty when there is none.
   virtual Variant Picture(std::string_view sName) = 0;
+  /// Shows a form around a FarPoint Spread until one of its buttons was pressed; an error of the form's rules closes it
+  /// and goes to the caller. A machine without that control raises 429.
+  virtual void ShowGridForm(GridForm& form);
 };
 
 /// The platform of the calling thread. It is installed once, before the first object is made, and outlives them all.

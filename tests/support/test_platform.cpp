@@ -80,4 +80,11 @@ Variant TestPlatform::Picture(std::string_view sName) {
   return found == pictures.end() ? Variant(sName) : found->second;
 }
 
+void TestPlatform::ShowGridForm(GridForm& form) {
+  if (!use_grid_form) return Platform::ShowGridForm(form);
+  auto oGrid = make_object<TestGrid>();
+  form.Form_Load(oGrid);
+  use_grid_form(*oGrid, form);
+}
+
 }  // namespace arap::testing

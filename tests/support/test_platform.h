@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "frame/platform.h"
+#include "support/test_grid.h"
 #include "support/trace.h"
 
 namespace arap::testing {
@@ -63,6 +64,9 @@ class TestPlatform final : public Platform {
   void SetFileAttributes(std::string_view sPath, int nAttributes) override;
   /// The picture's name as text, unless `pictures` has one.
   Variant Picture(std::string_view sName) override;
+  /// What the user does in a grid form, between its load and its end. Without it the control isn't installed.
+  std::function<void(TestGrid&, GridForm&)> use_grid_form;
+  void ShowGridForm(GridForm& form) override;
 
  private:
   struct Maker {

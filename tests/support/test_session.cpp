@@ -148,6 +148,9 @@ void TestSession::add_system_servers() {
   add(Route::Direct, "NUVConnection.AppConnection").on(Member::Execute, [this](Arguments args) {
     return commands.run(argument(args, 1).text());
   });
+  add(Route::Direct, "NUVBOMMImpAndExp.cImpAndExp").on(Member::getRS, [this](Arguments args) {
+    return bulk_data.run(argument(args, 1).text());
+  });
   ServerStub& mutex = add(Route::Factory, "NUVNetControl.Mutex");
   mutex.answers(Member::GetTaskIdByUserInfo, {}).answers(Member::BatchCommitTask, true);
   add(Route::Factory, "NUVLPSGLVoucher.VoucherInfo").answers(Member::CheckVoucherRight, true);

@@ -73,6 +73,7 @@ class TestSession {
   SqlScript commands;     // NUVConnection.AppConnection
   SqlScript lookups;      // NUVMAppConnection.AppConnection
   SqlScript system_data;  // NUVBillDataAccess.GetData
+  SqlScript bulk_data;    // NUVBOMMImpAndExp.cImpAndExp
   SqlScript class_data;   // NUVClassTpl.Datasrv
 
  private:
