@@ -4,10 +4,11 @@
 
 namespace arap {
 
-/// Button styles of a message box.
-enum MessageStyle : int { kNotice = 64, kWarning = 48, kQuestion = 36 };
-/// The answer of a question that means yes.
+/// Button styles of a message box. The two questions offer Yes and No.
+enum MessageStyle : int { kNotice = 64, kWarning = 48, kStop = 16, kQuestion = 36, kQuestionAsNotice = 68 };
+/// The answers of a question.
 inline constexpr int kAnswerYes = 6;
+inline constexpr int kAnswerNo = 7;
 /// The title of the program's boxes.
 inline constexpr std::string_view kTitle = "青柚提示";
 

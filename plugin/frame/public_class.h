@@ -27,6 +27,17 @@ bool Inside(const Variant& itm, const Values&... values) {
   return Inside(itm, std::span<const Variant>(Col));
 }
 
+/// An optional by-reference argument: the caller's own, or a value that nobody looks at.
+inline Variant& OptionalArgument(Arguments args, std::size_t nIndex, Variant& vDefault) {
+  return nIndex < args.size() && !args[nIndex].is_missing() ? args[nIndex] : vDefault;
+}
+/// An object argument that may be Nothing, or left out, as a view.
+template <class T>
+T ObjectArgument(Arguments args, std::size_t nIndex) {
+  const Variant& vObject = argument(args, nIndex);
+  return vObject.is_object() ? T(vObject) : T();
+}
+
 /// What TypeName answers: "Nothing" for an empty reference.
 std::string TypeNameOf(const Ref<Object>& object);
 /// The object as the named interface; Nothing stays Nothing. Raises 13 for an object of another type.

@@ -17,4 +17,31 @@ std::string_view OtherBill::GetTaskCode(int nIndex) const {
   return nIndex >= 0 && nIndex < static_cast<int>(side_.aTaskCodes.size()) ? side_.aTaskCodes[nIndex].view() : "";
 }
 
+void OtherBill::OnBillEvent(Event event, Arguments args) {
+  switch (event) {
+    case Event::AfterLoadBill: return m_BillInterface_AfterLoadBill();
+    case Event::AfterNewBill: return m_BillInterface_AfterNewBill();
+    case Event::BeginEdit: return m_BillInterface_BeginEdit(FieldInfo(argument(args, 0)));
+    case Event::Change:
+      return m_BillInterface_Change(FieldInfo(argument(args, 0)), FieldRecord(argument(args, 1)), argument(args, 4));
+    case Event::HeadCtlLostFocus: return m_BillInterface_HeadCtlLostFocus(ObjectArgument<FieldInfo>(args, 1));
+    case Event::BeforeSave:
+    case Event::AfterSave:
+    case Event::BarInitialize:
+    case Event::MenuBarInitialize:
+    case Event::MenuBarClick:
+    case Event::BeforeLoadBill:
+    case Event::BeforLoadBillFillData:
+    case Event::AfterNewEmptyData:
+    case Event::AfterDoAction:
+    case Event::BeforeSelBills:
+    case Event::AfterSelBillBeforeFillData:
+    case Event::AfterSelBill:
+    case Event::SaveBillFailed:
+    case Event::AfterGetData:
+    case Event::RefreshList:
+    case Event::ClassGroupSelected: return;
+  }
+}
+
 }  // namespace arap

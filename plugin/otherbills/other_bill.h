@@ -22,6 +22,7 @@ class OtherBill : public ListedBillClass {
   ~OtherBill() override;
 
   std::string_view GetTaskCode(int nIndex) const override;
+  void OnBillEvent(Event event, Arguments args) override;
 
   const OtherBillSide& side_;
 
@@ -34,7 +35,7 @@ class OtherBill : public ListedBillClass {
     Variant& vCancel;
 
     /// The number in FFLD: the new value.
-    std::int32_t NewId() const { return LongOf(oRecord.Value("FFLD"_key)); }
+    double NewNumber() const { return NumberOf(oRecord.Value("FFLD"_key)); }
   };
   /// The degree of credit control, as the profile holds it.
   enum CreditDegree : std::int32_t { kWarn = 2, kRefuse = 3 };
@@ -45,11 +46,11 @@ class OtherBill : public ListedBillClass {
   void m_BillInterface_AfterLoadBill();
   void SetNewBillDecimals();
   void SetBaseCurrencyInHead();
-  void ShowOwnersBar(std::int32_t nStatus);
-  void ShowOwnersBarByStatus();
+  void DisableCopyCommand();
+  void ShowOwnersBar(double dStatus);
+  void HideChangeCommand();
   void ShowReadersBar();
   void ShowVoucherTool(bool bEnabled);
-  void LockRateAsLoaded(std::int32_t nStatus);
 
   // --- type_rules ---
   /// Locks by status and bill type. A bill without a type counts as a credit bill.
@@ -66,7 +67,7 @@ class OtherBill : public ListedBillClass {
   void ShowCreditStatus();
   void ClearCreditStatus();
   /// "" for another class type than those of the four bills, and without a partner.
-  static std::string GetCreditText(const Variant& vPartner, std::int32_t nClassType);
+  static std::string GetCreditText(std::string_view sPartner, std::int32_t nClassType);
 
   // --- field_rules ---
   void m_BillInterface_BeginEdit(const FieldInfo& oField);
@@ -79,6 +80,9 @@ class OtherBill : public ListedBillClass {
   void ChangeExchangeRate(const Edit& edit);
   void ChangeInOutType(const Edit& edit);
   void RunRowAmountActions(std::int32_t nRows);
+  /// The bill's rate is always a multiplier. 0 when the currency has neither operator.
+  static double MultiplierOf(const Currency& oCurrency);
+  std::string CodeOfPartner() const;
 
   // --- due_date ---
   /// Writes FLimitDate, but never on a bill that is open for reading.
@@ -92,11 +96,14 @@ class OtherBill : public ListedBillClass {
   void m_BillInterface_AfterSave();
   /// The test chain; false after the first refusal, which has shown its message.
   bool PassesSaveTests();
-  bool NumberIsFree();
-  bool HasPartnerIfCredit();
-  bool PassesBodyTests();
+  bool NumberIsFree() const;
+  bool PassesBodyTests(SaveRows& rows);
+  /// True when one of the types (ids separated by commas) has the account.
+  static bool HasAccount(const std::string& sTypes, std::int32_t nAcct);
+  void WriteHeadTotals(const SaveRows& rows);
   bool PassesCreditLimit();
-  void WarnSettlementAccount();
+  /// A hint that stops no save.
+  void WarnSettlementAccount() const;
 
   // --- credit_limit ---
   /// 0 when the bill passes, else the number of the profile's degree of control. An error passes to the caller.
@@ -123,8 +130,10 @@ class OtherBill : public ListedBillClass {
   bool IsImmediateBill() const { return IsType(side_.nImmediateType); }
   bool IsCreditBill() const { return IsType(side_.nCreditType); }
   bool IsChecked() const { return HeadNumber("FStatus"_key) == kChecked; }
-  /// True when the types hold nType, and it is a parent. Leaves the filter of the types on nType.
-  bool IsParentType(std::int32_t nType) const;
+  /// True when the types hold this one, and it is a parent. Leaves the filter of the types on it.
+  bool IsParentType(double dType) const;
+  /// SetText of the head field's definition.
+  void WriteText(Key sKey, const Variant& vText) const { Bill().SetText(Bill().GetFieldInfoByKey(sKey), vText, 0); }
 
   Recordset m_rsInOutType;  // every type; its filter stays where the last test left it
 };

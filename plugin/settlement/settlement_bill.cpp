@@ -7,22 +7,6 @@
 
 namespace arap {
 
-namespace {
-
-/// An optional by-reference argument: the caller's own, or a value that nobody looks at.
-Variant& OptionalArgument(Arguments args, std::size_t nIndex, Variant& vDefault) {
-  return nIndex < args.size() && !args[nIndex].is_missing() ? args[nIndex] : vDefault;
-}
-
-/// An object argument that may be Nothing, or left out.
-template <class T>
-T ObjectArgument(Arguments args, std::size_t nIndex) {
-  const Variant& vObject = argument(args, nIndex);
-  return vObject.is_object() ? T(vObject) : T();
-}
-
-}  // namespace
-
 SettlementBill::SettlementBill(const SettlementSide& side) : ListedBillClass(side.sClassName.view()), side_(side) {}
 
 SettlementBill::~SettlementBill() {
