@@ -71,10 +71,11 @@ const OtherNames& other_names_of(Side side) { return side == Side::Receive ? kRe
 
 void add_in_out_types(TestSession& session) {
   session.server("NUVlpsArApBill.clsInOutType")
-      .answers(Member::GetRPInOutTypeInfo, recordset({"FID", "FNumber", "FName", "FParentID", "FIsLeaf"},
-                                                     {{kParentType, "01", "杂项", std::int32_t{0}, std::int32_t{0}},
-                                                      {kDetailType, "01.01", "租金", kParentType, std::int32_t{1}},
-                                                      {kOtherDetailType, "01.02", "利息", kParentType, std::int32_t{1}}}));
+      .answers(Member::GetRPInOutTypeInfo,
+               recordset({"FID", "FNumber", "FName", "FParentID", "FIsLeaf"},
+                         {{kParentType, "01", "杂项", std::int32_t{0}, std::int32_t{0}},
+                          {kDetailType, "01.01", "租金", kParentType, std::int32_t{1}},
+                          {kOtherDetailType, "01.02", "利息", kParentType, std::int32_t{1}}}));
 }
 
 Ref<TestBill> make_other_bill(Side side) {
