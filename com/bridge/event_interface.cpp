@@ -52,17 +52,8 @@ ComPtr<ITypeLib> library_of(IDispatch& object) {
 }
 
 ComPtr<ITypeInfo> source_of_class_with(ITypeLib& library, const GUID& interface_id) {
-  for (UINT i = 0; i < library.GetTypeInfoCount(); ++i) {
-    TYPEKIND kind = TKIND_MAX;
-    ComPtr<ITypeInfo> coclass;
-    if (FAILED(library.GetTypeInfoType(i, &kind)) || kind != TKIND_COCLASS) continue;
-    if (FAILED(library.GetTypeInfo(i, coclass.put()))) continue;
-    const ComPtr<ITypeInfo> standard = interface_of_class(coclass.get(), Implemented::Default);
-    if (standard && TypeAttributes(standard.get())->guid == interface_id) {
-      return interface_of_class(coclass.get(), Implemented::DefaultSource);
-    }
-  }
-  return {};
+  const ComPtr<ITypeInfo> coclass = class_with_default(library, interface_id);
+  return coclass ? interface_of_class(coclass.get(), Implemented::DefaultSource) : ComPtr<ITypeInfo>();
 }
 
 std::wstring registry_text(const std::wstring& sKey, const wchar_t* sValue) {

@@ -10,6 +10,9 @@
 #include <atomic>
 #include <utility>
 
+// Macros of windows.h that are names of ours.
+#undef SetFileAttributes
+
 /// Owners of what COM and Windows hand out: one line where they are used, given back on every way out.
 namespace arap::com {
 

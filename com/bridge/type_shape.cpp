@@ -137,6 +137,18 @@ ComPtr<ITypeInfo> interface_of_class(ITypeInfo* coclass, Implemented which) {
   return {};
 }
 
+ComPtr<ITypeInfo> class_with_default(ITypeLib& library, const GUID& interface_id) {
+  for (UINT i = 0; i < library.GetTypeInfoCount(); ++i) {
+    TYPEKIND kind = TKIND_MAX;
+    ComPtr<ITypeInfo> coclass;
+    if (FAILED(library.GetTypeInfoType(i, &kind)) || kind != TKIND_COCLASS) continue;
+    if (FAILED(library.GetTypeInfo(i, coclass.put()))) continue;
+    const ComPtr<ITypeInfo> standard = interface_of_class(coclass.get(), Implemented::Default);
+    if (standard && TypeAttributes(standard.get())->guid == interface_id) return coclass;
+  }
+  return {};
+}
+
 std::shared_ptr<const TypeShape> TypeShape::read(ITypeInfo* info) {
   const auto shape = std::make_shared<TypeShape>();
   const TypeAttributes attributes(info);

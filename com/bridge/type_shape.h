@@ -77,5 +77,7 @@ std::string_view without_underscore(std::string_view sName);
 enum class Implemented { Default, DefaultSource };
 /// That interface of a coclass, as a dispatch interface; empty when it has none.
 ComPtr<ITypeInfo> interface_of_class(ITypeInfo* coclass, Implemented which);
+/// The class of a library whose default interface that is; empty when there is none.
+ComPtr<ITypeInfo> class_with_default(ITypeLib& library, const GUID& interface_id);
 
 }  // namespace arap::com
