@@ -119,9 +119,10 @@ std::vector<std::map<std::string, std::string>> loop_turns(Database& database, s
                                 "SELECT DISTINCT p.FNumber AS FNumber, c.FNumber AS FCurrency FROM {openview} v"
                                 " JOIN {partners} p ON p.FItemID = v.{viewpartner}"
                                 " JOIN t_Currency c ON c.FCurrencyID = v.FCurrencyID ORDER BY 1, 2"));
-    for (std::size_t i = 0; i < rows.size(); ++i)
+    for (std::size_t i = 0; i < rows.size(); ++i) {
       turns.push_back(
           {{bReceipts ? "customer" : "supplier", rows.text(i, "FNumber")}, {"currency", rows.text(i, "FCurrency")}});
+    }
     return turns;
   }
   // The newest bill first: what it built on is still there when it is taken back.

@@ -174,9 +174,10 @@ class Parser {
     if (sWhat == "open") return counted(line, Verb::ExpectOpen, rest, 2, "expect open SOURCE AMOUNT");
     if (sWhat == "lock")
       return choice(line, Verb::ExpectLock, rest, 1, 2, "expect lock FIELD locked|free", {"locked", "free"});
-    if (sWhat == "tool")
+    if (sWhat == "tool") {
       return choice(line, Verb::ExpectTool, rest, 1, 2, "expect tool TOOL enabled|disabled|visible|hidden|checked",
                     {"enabled", "disabled", "visible", "hidden", "checked"});
+    }
     refuse(line, "unknown expectation; use expect field, row, message, status, tool, lock or open");
   }
 
@@ -189,9 +190,10 @@ class Parser {
   Step loop_step(const Line& line) const {
     const std::string sThing = rest_after(line.sText, 2);
     const bool bEach = line.words.size() > 2 && line.words[1] == "each";
-    if (!bEach || !is_one_of(sThing, {kOpenCustomers, kOpenSuppliers, kCheckedReceipts, kCheckedPayments}))
+    if (!bEach || !is_one_of(sThing, {kOpenCustomers, kOpenSuppliers, kCheckedReceipts, kCheckedPayments})) {
       refuse(line, "write: for each " + std::string(kOpenCustomers) + ", " + std::string(kOpenSuppliers) + ", " +
                        std::string(kCheckedReceipts) + " or " + std::string(kCheckedPayments));
+    }
     return {line.nNumber, Verb::ForEach, {sThing}, {}};
   }
 

@@ -97,9 +97,10 @@ std::unique_ptr<Database> Database::create(const std::string& sPath, Options opt
   QFile file(QString::fromStdString(sPath));
   if (file.exists())
     throw DeskError(ErrorKind::Other, "There is a file of that name already", sPath, "Choose another name");
-  if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly))
+  if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly)) {
     throw DeskError(ErrorKind::MissingFile, "The book can't be made", sPath,
                     "Check that the folder exists and can be written");
+  }
   file.close();
   try {
     std::unique_ptr<Database> database(new Database(sPath, options));
@@ -145,11 +146,12 @@ void Database::check_is_book() {
   }
   if (nApplication != kApplicationId)
     throw DeskError(ErrorKind::NotABook, "The file is not a book", path_, "Choose a file that the desk has made");
-  if (nVersion != kSchemaVersion)
+  if (nVersion != kSchemaVersion) {
     throw DeskError(ErrorKind::WrongVersion,
                     "The book has version " + std::to_string(nVersion) + ", this program reads version " +
                         std::to_string(kSchemaVersion),
                     path_, "Open it with the program that made it");
+  }
 }
 
 Rows Database::query(std::string_view sSql, const Binds& binds) {

@@ -52,9 +52,10 @@ INSERT INTO t_Supplier (FItemID, FNumber, FName, FDepartment, FEmployee, FCredit
 void create_rights(Database& database) {
   for (const int nUser : {kDemoUser, kClerkUser}) {
     const int nRights = nUser == kDemoUser ? kAllRights : kAllRights - kUncheckRight;
-    for (const int nObject : {1000201, 1000202, 1000205, 1000206, 1000207})
+    for (const int nObject : {1000201, 1000202, 1000205, 1000206, 1000207}) {
       database.exec("INSERT INTO t_User_Right (FUserID, FSubSystem, FObject, FRights) VALUES (?, ?, ?, ?)",
                     {nUser, kSubSystem, nObject, nRights});
+    }
   }
 }
 
@@ -72,9 +73,10 @@ void create_periods(Database& database) {
 void set_current_period(Database& database, const std::string& sToday) {
   const bool bDate = arap::IsDate(sToday);
   const arap::CalendarDay day = bDate ? arap::DayOf(arap::ToDate(sToday)) : arap::CalendarDay{0, 0, 0};
-  if (day.nYear < kFirstYear || day.nYear > kLastYear)
+  if (day.nYear < kFirstYear || day.nYear > kLastYear) {
     throw DeskError(ErrorKind::BadValue, "The book has no period for this day", sToday,
                     "Give a date yyyy-mm-dd of the years 2012 to 2027");
+  }
   const std::string_view sSql = "INSERT INTO t_SystemProfile (FCategory, FKey, FValue) VALUES ('IC', ?, ?)";
   database.exec(sSql, {"CurrentYear", std::to_string(day.nYear)});
   database.exec(sSql, {"CurrentPeriod", std::to_string(day.nMonth)});

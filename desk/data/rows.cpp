@@ -28,9 +28,10 @@ int Rows::find_column(std::string_view sColumn) const {
 }
 
 const Value& Rows::at(std::size_t nRow, std::size_t nColumn) const {
-  if (nColumn >= column_count() || nRow >= size())
+  if (nColumn >= column_count() || nRow >= size()) {
     throw DeskError(ErrorKind::BadValue, "The result has no such row or column",
                     "row " + std::to_string(nRow) + ", column " + std::to_string(nColumn));
+  }
   return cells_[nRow * column_count() + nColumn];
 }
 

@@ -199,10 +199,8 @@ void SqlExpression::carry_literal(std::size_t i, bool bLift, SqlPiece& piece) co
   const char* pEnd = token.sText.data() + token.sText.size();
   std::int64_t nValue = 0;
   const auto result = std::from_chars(token.sText.data(), pEnd, nValue);
-  if (result.ec == std::errc() && result.ptr == pEnd)
-    piece.aParameters.emplace_back(Bind(nValue));
-  else
-    piece.aParameters.emplace_back(Bind(std::stod(token.sText)));
+  const bool bWhole = result.ec == std::errc() && result.ptr == pEnd;
+  piece.aParameters.emplace_back(bWhole ? Bind(nValue) : Bind(std::stod(token.sText)));
 }
 
 void SqlExpression::carry_variable(std::size_t i, SqlPiece& piece) const {

@@ -165,10 +165,11 @@ void SettlementPosting::refuse_advance_overdraw(const Head& head, std::string_vi
   if (head.nType != tables_.nAdvanceType) return;
   const Money rest = unused_advance(head.nPartner, head.nCurrency, head.nBillID);
   const Money after = bCheck ? rest + head.amount : rest;
-  if (after < Money{})
+  if (after < Money{}) {
     refuse("该" + std::string(tables_.sPartnerName) + "的预收付余额只剩 " +
                (after - (bCheck ? head.amount : Money{})).text(),
            sAction);
+  }
 }
 
 void SettlementPosting::refuse_used_bill(const Head& head, std::string_view sAction) {

@@ -27,9 +27,12 @@ std::optional<double> rounded_fast(double dValue, int nDigits) {
   const double dFinerScale = kPowersOfTen[static_cast<std::size_t>(nDigits) + 1];
   // One decimal more than wanted: fourteen digits are the value's exact text, and the nudge is the fifteenth.
   if (const double dFiner = dAbsolute * dFinerScale; dFiner < 1e14) {
-    const auto nFiner = static_cast<std::int64_t>(dFiner + 0.5);
+    // Neither negative nor large, so that half of one and the cut round it; llround would be a call.
+    const double dBeforeCut = dFiner + 0.5;
+    const auto nFiner = static_cast<std::int64_t>(dBeforeCut);
     if (static_cast<double>(nFiner) / dFinerScale == dAbsolute) {
-      return std::copysign(static_cast<double>((nFiner + 5) / 10) / dScale, dValue) + 0.0;
+      const std::int64_t nWanted = (nFiner + 5) / 10;
+      return std::copysign(static_cast<double>(nWanted) / dScale, dValue) + 0.0;
     }
   }
   // Any other value: the digits move it by less than 1E-4 of the last place here, so only the half is in doubt.
