@@ -31,7 +31,14 @@ struct Choices {
   bool bTrace = false;
   bool bJson = false;
   int nInvoices = 0;
+  int nWaitSeconds = 5;
 };
+
+std::unique_ptr<Database> open_book(const Choices& choices) {
+  Database::Options options;
+  options.nBusyTimeoutMs = choices.nWaitSeconds * 1000;
+  return Database::open(choices.sBook, options);
+}
 
 std::string today_of(const Choices& choices) { return choices.sToday.empty() ? system_date() : choices.sToday; }
 
@@ -59,7 +66,7 @@ ImportMapping mapping_of(const std::vector<std::string>& pairs) {
 
 int import_file(const Choices& choices, std::ostream& out, std::ostream& err) {
   const ImportMapping mapping = mapping_of(choices.map);
-  const auto database = Database::open(choices.sBook);
+  const auto database = open_book(choices);
   const ImportResult result = import_invoices(*database, choices.sFile, mapping);
   out << "imported " << result.nImported << " invoices, total " << result.total.text() << ", " << result.nNewPartners
       << " new customers; " << result.aSkipped.size() << " were already in the book\n";
@@ -77,7 +84,7 @@ std::string text_of_file(const std::string& sPath) {
 
 int play_file(const Choices& choices, std::ostream& out) {
   const Scenario scenario = ParseScenario(text_of_file(choices.sFile), choices.sFile);
-  const auto database = Database::open(choices.sBook);
+  const auto database = open_book(choices);
   Session session(*database, choices.sUser.empty() ? first_user(*database) : choices.sUser);
   ScenarioPlayer player(session, out, {today_of(choices), choices.bTrace});
   player.play(scenario);
@@ -107,6 +114,13 @@ void add_new(CLI::App& app, Choices& choices) {
   command->add_option("--today", choices.sToday, "Date that gives the current period, yyyy-mm-dd");
 }
 
+void add_wait(CLI::App& command, Choices& choices) {
+  command
+      .add_option("--wait", choices.nWaitSeconds,
+                  "Seconds to wait for a book that another program writes; 5 by default")
+      ->check(CLI::Range(0, 3600));
+}
+
 void add_import(CLI::App& app, Choices& choices) {
   CLI::App* command = app.add_subcommand("import", "Import open sales invoices from a CSV file");
   command->add_option("BOOK", choices.sBook, "File of the book")->required();
@@ -114,6 +128,7 @@ void add_import(CLI::App& app, Choices& choices) {
   command
       ->add_option("--map", choices.map, "Headers of the columns: number=COLUMN,customer=COLUMN,date=,duedate=,amount=")
       ->delimiter(',');
+  add_wait(*command, choices);
 }
 
 void add_play(CLI::App& app, Choices& choices) {
@@ -123,6 +138,7 @@ void add_play(CLI::App& app, Choices& choices) {
   command->add_flag("--trace", choices.bTrace, "With every event, call, SQL text and message");
   command->add_option("--user", choices.sUser, "Who is logged in; the book's first user by default");
   command->add_option("--today", choices.sToday, "Date of new bills, yyyy-mm-dd; the system's date by default");
+  add_wait(*command, choices);
 }
 
 void add_show(CLI::App& app, Choices& choices) {
@@ -132,6 +148,7 @@ void add_show(CLI::App& app, Choices& choices) {
       ->required()
       ->check(CLI::IsMember({"receivables", "payables", "bills", "log"}));
   command->add_flag("--json", choices.bJson, "As a JSON array");
+  add_wait(*command, choices);
 }
 
 void add_bench(CLI::App& app, Choices& choices) {
@@ -148,7 +165,7 @@ int dispatch(const CLI::App& app, const Choices& choices, std::ostream& out, std
   if (app.got_subcommand("import")) return import_file(choices, out, err);
   if (app.got_subcommand("play")) return play_file(choices, out);
   if (app.got_subcommand("show")) {
-    const auto database = Database::open(choices.sBook);
+    const auto database = open_book(choices);
     show_list(*database, choices.sWhat, choices.bJson, out);
     return kExitDone;
   }

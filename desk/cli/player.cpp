@@ -16,6 +16,17 @@ const SettlementTables& tables_of(const std::string& sKind) {
   return sKind == "receipt" ? kReceiptTables : kPaymentTables;
 }
 
+std::string_view word_of(TraceObserver::Kind kind) {
+  switch (kind) {
+    case TraceObserver::Kind::Event: return "event    ";
+    case TraceObserver::Kind::Call: return "call     ";
+    case TraceObserver::Kind::Sql: return "sql      ";
+    case TraceObserver::Kind::Translation: return "sql as   ";
+    case TraceObserver::Kind::Message: return "message  ";
+  }
+  return {};
+}
+
 bool is_expectation(Verb verb) {
   switch (verb) {
     case Verb::ExpectField:
@@ -33,6 +44,7 @@ bool is_expectation(Verb verb) {
 
 ScenarioPlayer::ScenarioPlayer(Session& session, std::ostream& out, Options options)
     : session_(session), out_(out), options_(std::move(options)) {
+  if (options_.bTrace) tracing_.emplace(trace_);
   session_.platform().set_ask_user([this](const ShownMessage& message) {
     messages_.push_back(message.sText);
     tell("    message: " + message.sText);
@@ -94,7 +106,9 @@ void ScenarioPlayer::run(const Step& step, const std::vector<std::string>& args)
   } catch (const arap::AutomationError& error) {
     fail("the program stopped with error " + std::to_string(error.number()) + ": " + error.description());
   } catch (const DeskError& error) {
-    fail(error.what());
+    // The book or a file is at fault, not the scenario.
+    throw DeskError(error.kind(), file_ + ":" + std::to_string(step.nLine) + ": " + error.problem(), error.where(),
+                    error.hint());
   }
   tell_trace();
 }
@@ -142,7 +156,6 @@ void ScenarioPlayer::show_window(const SettlementTables& tables) {
   if (window_) window_->close();
   tables_ = &tables;
   window_ = open_settlement_window(session_, tables, options_.sToday);
-  if (options_.bTrace) window_->set_trace(&trace_);
 }
 
 void ScenarioPlayer::set(const std::string& sField, std::int32_t nRow, const std::string& sText) {
@@ -213,7 +226,8 @@ void ScenarioPlayer::tell(const std::string& sLine) { out_ << sLine << '\n'; }
 
 void ScenarioPlayer::tell_trace() {
   if (!options_.bTrace) return;
-  for (const TraceLog::Line& line : trace_.lines()) out_ << "      | " << line.sText << '\n';
+  for (const TraceLog::Line& line : trace_.lines()) out_ << "      | " << word_of(line.kind) << line.sText << '\n';
+  if (trace_.dropped() > 0) out_ << "      | " << trace_.dropped() << " more lines are not kept\n";
   trace_.clear();
 }
 

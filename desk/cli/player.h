@@ -2,20 +2,21 @@
 
 #include <iosfwd>
 #include <map>
+#include <optional>
 #include <set>
 #include <string>
 #include <vector>
 
 #include "cli/scenario.h"
+#include "data/trace.h"
 #include "engine/open_window.h"
-#include "engine/trace.h"
 #include "services/session.h"
 #include "services/settlement_tables.h"
 
 namespace desk {
 
 /// Plays a scenario at one seat and writes what happened in plain words. The first thing that isn't as the scenario
-/// says raises ScenarioError of the kind Failed.
+/// says raises ScenarioError of the kind Failed; a failure of the book passes on as DeskError with the line.
 class ScenarioPlayer {
  public:
   struct Options {
@@ -68,6 +69,7 @@ class ScenarioPlayer {
   std::ostream& out_;
   Options options_;
   TraceLog trace_;
+  std::optional<TraceScope> tracing_;
   std::string file_;
   const Step* step_ = nullptr;
   bool message_expected_next_ = false;

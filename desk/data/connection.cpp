@@ -45,9 +45,16 @@ void throw_sql_error(const QSqlError& error, const std::string& sWhere) {
       throw DeskError(ErrorKind::NotABook, "The file is not a book", sWhere, "Choose a file that the desk has made");
     case kConstraint: throw DeskError(ErrorKind::Constraint, "The book refuses the change: " + sEngine, sWhere);
     case kCantOpen:
-    case kIoError: throw DeskError(ErrorKind::Other, "The file can't be read or written: " + sEngine, sWhere);
-    default: throw DeskError(ErrorKind::Other, "The database refuses the statement: " + sEngine, sWhere);
+      throw DeskError(ErrorKind::ReadOnly, "The book can't be opened: " + sEngine, sWhere,
+                      "Check the rights on the file and on its folder");
+    case kIoError:
+      throw DeskError(ErrorKind::Other, "The book can't be read or written, nothing was changed: " + sEngine, sWhere,
+                      "Check the room on the disk and the disk itself, then try again");
+    default: break;
   }
+  if (sEngine.find("no such table") != std::string::npos)
+    throw DeskError(ErrorKind::Damaged, "The book lacks a table: " + sEngine, sWhere, "Go back to a backup copy");
+  throw DeskError(ErrorKind::Other, "The database refuses the statement: " + sEngine, sWhere);
 }
 
 PreparedStatement& StatementCache::prepare(std::string_view sSql) {

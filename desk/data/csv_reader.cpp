@@ -55,6 +55,7 @@ std::vector<CsvLine> read_csv(std::string_view sCsv, const std::string& sName) {
     sCsv.remove_prefix(nSize);
     ++nLine;
   }
+  nLine = collector.current.nLine;  // what isn't closed at the end began here
   if (csv_fini(&parser, on_field, on_line, &collector) != 0) refuse();
   return std::move(collector.lines);
 }

@@ -110,12 +110,6 @@ class Database {
   bool in_transaction() const { return depth_ > 0; }
   std::size_t cached_statements() const;
 
-  /// Hears each SQL text of the plug-in as it arrives (the desk's inspector).
-  void set_sql_listener(std::function<void(std::string_view)> listener) { listener_ = std::move(listener); }
-  void tell_sql(std::string_view sSql) const {
-    if (listener_) listener_(sSql);
-  }
-
  private:
   friend class Transaction;
   struct Connection;
@@ -126,7 +120,6 @@ class Database {
   std::string path_;
   Options options_;
   std::unique_ptr<Connection> connection_;
-  std::function<void(std::string_view)> listener_;
   int depth_ = 0;
 };
 

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "frame/automation.h"
+
 namespace desk {
 namespace {
 
@@ -20,5 +22,10 @@ DeskError::DeskError(ErrorKind kind, std::string sWhat, std::string sWhere, std:
       what_(std::move(sWhat)),
       where_(std::move(sWhere)),
       hint_(std::move(sHint)) {}
+
+void pass_through_door(const DeskError& error, std::string sSource) {
+  constexpr std::int32_t kUnspecified = -2147467259;  // of the data objects
+  throw arap::AutomationError(kUnspecified, std::move(sSource), error.what());
+}
 
 }  // namespace desk

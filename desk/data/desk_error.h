@@ -37,4 +37,7 @@ class DeskError : public std::runtime_error {
   std::string hint_;
 };
 
+/// As the door knows errors: the failure becomes an automation error of that source with the whole text.
+[[noreturn]] void pass_through_door(const DeskError& error, std::string sSource);
+
 }  // namespace desk

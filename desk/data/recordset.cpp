@@ -4,6 +4,7 @@
 #include "data/columns.h"
 #include "data/recordset_filter.h"
 #include "data/sql_dialect.h"
+#include "data/trace.h"
 #include "frame/conversions.h"
 
 namespace desk {
@@ -12,7 +13,6 @@ namespace {
 // Numbers of the data objects.
 constexpr std::int32_t kNoCurrentRecord = 3021;
 constexpr std::int32_t kItemNotFound = 3265;
-constexpr std::int32_t kUnspecified = -2147467259;
 
 /// Stored amounts become doubles in units of the currency.
 void give_money_as_double(Rows& rows) {
@@ -31,6 +31,7 @@ void give_money_as_double(Rows& rows) {
 SqlRecordset::SqlRecordset(Rows rows) : rows_(std::move(rows)) { give_money_as_double(rows_); }
 
 Variant SqlRecordset::invoke(Member member, Access access, Arguments args) {
+  if (tracing()) trace_call(*this, member, access, args);
   switch (member) {
     case Member::Eof: return eof();
     case Member::Bof: return count() == 0;
@@ -100,6 +101,7 @@ void SqlRecordset::set_filter(const Variant& vFilter) {
 }
 
 Variant RecordsetField::invoke(Member member, Access access, Arguments args) {
+  if (tracing()) trace_call(*this, member, access, args, recordset_->column_name(column_));
   switch (member) {
     case Member::Name: return recordset_->column_name(column_);
     case Member::Value:
@@ -111,7 +113,8 @@ Variant RecordsetField::invoke(Member member, Access access, Arguments args) {
   }
 }
 
-Variant RecordsetFields::invoke(Member member, Access, Arguments args) {
+Variant RecordsetFields::invoke(Member member, Access access, Arguments args) {
+  if (tracing()) trace_call(*this, member, access, args);
   switch (member) {
     case Member::Count: return static_cast<std::int32_t>(recordset_->column_count());
     case Member::Item:
@@ -126,7 +129,7 @@ arap::Ref<SqlRecordset> open_recordset(Database& database, std::string_view sSql
   try {
     return make_recordset(run_sql(database, sSql));
   } catch (const DeskError& error) {
-    throw AutomationError(kUnspecified, std::string(sSource), error.what());
+    pass_through_door(error, std::string(sSource));
   }
 }
 

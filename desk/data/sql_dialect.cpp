@@ -6,6 +6,7 @@
 
 #include "data/sql_expression.h"
 #include "data/sql_tokens.h"
+#include "data/trace.h"
 #include "frame/conversions.h"
 
 namespace desk {
@@ -34,10 +35,11 @@ class BatchTranslator {
         continue;
       }
       const std::size_t nEnd = statement_end(i);
-      if (expression_.is_word(i, "declare"))
+      if (expression_.is_word(i, "declare")) {
         declare(i + 1, nEnd);
-      else
+      } else {
         statement(i, nEnd);
+      }
       i = nEnd;
     }
     if (batch_.aStatements.empty()) refuse_sql(text_, 0, "it holds no statement");
@@ -156,6 +158,7 @@ Rows run_statement(Database& database, const TranslatedStatement& statement, con
     const auto* pUse = std::get_if<VariableUse>(&parameter);
     binds.push_back(pUse != nullptr ? values.at(pUse->sName) : std::get<Bind>(parameter));
   }
+  trace_translation(statement.sSql, binds);
   return database.query(statement.sSql, binds);
 }
 
@@ -165,9 +168,10 @@ SqlBatch translate(std::string_view sText) { return BatchTranslator(sText).run()
 
 TranslatedCondition translate_condition(std::string_view sCondition) {
   const std::vector<SqlToken> tokens = tokenize_sql(sCondition);
-  for (const SqlToken& token : tokens)
+  for (const SqlToken& token : tokens) {
     if (token.sText == ";" && token.kind == Kind::Symbol)
       refuse_sql(sCondition, token.nOffset, "a condition is no statement");
+  }
   const std::vector<SqlVariable> none;
   SqlPiece piece = SqlExpression(sCondition, tokens, none).carry(0, tokens.size(), true);
   TranslatedCondition condition{std::move(piece.sSql), {}};
@@ -187,7 +191,7 @@ std::string translate_order(std::string_view sOrder) {
 }
 
 Rows run_sql(Database& database, std::string_view sText) {
-  database.tell_sql(sText);
+  trace(TraceObserver::Kind::Sql, sText);
   const SqlBatch batch = translate(sText);
   VariableValues values;
   for (const SqlVariable& variable : batch.aVariables) values[variable.sName] = Bind();

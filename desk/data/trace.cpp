@@ -1,10 +1,29 @@
-#include "engine/trace.h"
+#include "data/trace.h"
+
+#include <utility>
 
 #include "frame/conversions.h"
 
 namespace desk {
 
+namespace trace_detail {
+constinit thread_local TraceObserver* pObserver = nullptr;
+}
+
 namespace {
+
+/// While a line is put together, the looks at its objects are no calls.
+class Silence {
+ public:
+  Silence() : observer_(std::exchange(trace_detail::pObserver, nullptr)) {}
+  ~Silence() { trace_detail::pObserver = observer_; }
+  Silence(const Silence&) = delete;
+  Silence& operator=(const Silence&) = delete;
+  TraceObserver* observer() const { return observer_; }
+
+ private:
+  TraceObserver* observer_;
+};
 
 std::string argument_text(const arap::Variant& vValue) {
   switch (vValue.type()) {
@@ -24,16 +43,63 @@ std::string argument_text(const arap::Variant& vValue) {
   }
 }
 
-}  // namespace
-
-std::string trace_text(std::string_view sName, arap::Arguments args) {
-  std::string sText(sName);
-  sText += '(';
+std::string argument_list(arap::Arguments args) {
+  std::string sText = "(";
   for (std::size_t i = 0; i < args.size(); ++i) {
     if (i > 0) sText += ", ";
     sText += argument_text(args[i]);
   }
   return sText + ')';
+}
+
+std::string bind_text(const Bind& bind) {
+  switch (bind.type()) {
+    case Bind::Type::Null: return "Null";
+    case Bind::Type::Integer: return std::to_string(bind.integer());
+    case Bind::Type::Real: return arap::Concat(bind.real());
+    case Bind::Type::Text: return '"' + bind.text() + '"';
+  }
+  return {};
+}
+
+}  // namespace
+
+TraceScope::TraceScope(TraceObserver& observer) : former_(std::exchange(trace_detail::pObserver, &observer)) {}
+TraceScope::~TraceScope() { trace_detail::pObserver = former_; }
+
+void trace(TraceObserver::Kind kind, std::string_view sText) {
+  if (tracing()) trace_detail::pObserver->on_trace(kind, sText);
+}
+
+void trace_event(arap::Event event, arap::Arguments args) {
+  if (!tracing()) return;
+  const Silence silence;
+  silence.observer()->on_trace(TraceObserver::Kind::Event, std::string(arap::name_of(event)) + argument_list(args));
+}
+
+void trace_call(const arap::Object& object, arap::Member member, arap::Access access, arap::Arguments args,
+                std::string_view sPart) {
+  if (!tracing()) return;
+  const Silence silence;
+  std::string sText = object.type_name();
+  if (!sPart.empty()) sText.append(" ").append(sPart);
+  sText.append(".").append(arap::name_of(member));
+  const bool bPut = (access == arap::Access::Put || access == arap::Access::PutRef) && !args.empty();
+  if (bPut) {
+    // A put brings the new value last.
+    if (args.size() > 1) sText += argument_list(args.first(args.size() - 1));
+    sText += " = " + argument_text(args.back());
+  } else {
+    sText += argument_list(args);
+  }
+  silence.observer()->on_trace(TraceObserver::Kind::Call, sText);
+}
+
+void trace_translation(std::string_view sSql, const Binds& binds) {
+  if (!tracing()) return;
+  std::string sText(sSql);
+  for (std::size_t i = 0; i < binds.size(); ++i) sText += (i == 0 ? "  [" : ", ") + bind_text(binds[i]);
+  trace(TraceObserver::Kind::Translation, binds.empty() ? sText : sText + ']');
 }
 
 void TraceLog::on_trace(Kind kind, std::string_view sText) {

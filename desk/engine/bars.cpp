@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "data/automation_names.h"
+#include "data/trace.h"
 #include "frame/conversions.h"
 
 namespace desk {
@@ -36,7 +37,8 @@ class ToolList final : public arap::Object {
   ToolList(Ref<Bar> bar, Ref<BarBand> band) : bar_(std::move(bar)), band_(std::move(band)) {}
   std::string type_name() const override { return "Tools"; }
 
-  Variant invoke(Member member, Access, Arguments args) override {
+  Variant invoke(Member member, Access access, Arguments args) override {
+    if (tracing()) trace_call(*this, member, access, args);
     switch (member) {
       case Member::Count: return static_cast<std::int32_t>(tools().size());
       case Member::Default:
@@ -67,6 +69,7 @@ class ToolList final : public arap::Object {
 std::int32_t BarTool::selection_type() const { return nToolId != 0 ? nToolId : arap::LongOf(vTag); }
 
 Variant BarTool::invoke(Member member, Access access, Arguments args) {
+  if (tracing()) trace_call(*this, member, access, args, sName);
   if (member == Member::SetPicture) {
     vPicture = argument(args, 0);
     nColourKey = args.size() > 1 ? arap::LongOf(args[1]) : 0;
@@ -113,6 +116,7 @@ Variant BarTool::read(Member member) const {
 }
 
 Variant BarBand::invoke(Member member, Access access, Arguments args) {
+  if (tracing()) trace_call(*this, member, access, args, sName);
   switch (member) {
     case Member::Name: return sName;
     case Member::Tools:
@@ -135,7 +139,8 @@ Bar::~Bar() {
   for (const Ref<BarBand>& band : bands_) band->bar_ = nullptr;
 }
 
-Variant Bar::invoke(Member member, Access, Arguments args) {
+Variant Bar::invoke(Member member, Access access, Arguments args) {
+  if (tracing()) trace_call(*this, member, access, args);
   switch (member) {
     case Member::Bands: return item_of(bands_, argument(args, 0));
     case Member::Tools:

@@ -1,6 +1,7 @@
 #include "engine/bill_data.h"
 
 #include "data/automation_names.h"
+#include "data/trace.h"
 #include "engine/containers.h"
 #include "frame/conversions.h"
 
@@ -44,6 +45,7 @@ std::size_t DataRow::position(const Variant& vKey) const {
 Variant DataRow::record(std::size_t nPosition) { return arap::make_object<FieldRecord>(Ref<DataRow>(this), nPosition); }
 
 Variant DataRow::invoke(Member member, Access access, Arguments args) {
+  if (tracing()) trace_call(*this, member, access, args, "Page" + std::to_string(page_));
   switch (member) {
     case Member::Default:
     case Member::Value: {
@@ -131,6 +133,7 @@ std::vector<std::string> FieldRecord::keys() const {
 }
 
 Variant FieldRecord::invoke(Member member, Access access, Arguments args) {
+  if (tracing()) trace_call(*this, member, access, args, row_->field(position_).sKey);
   Variant vValue;
   switch (member) {
     case Member::Default:
@@ -170,7 +173,8 @@ void BodyPage::remove_first(std::size_t nRows) {
   rows_.erase(rows_.begin(), rows_.begin() + static_cast<std::ptrdiff_t>(nRows));
 }
 
-Variant BodyPage::invoke(Member member, Access, Arguments args) {
+Variant BodyPage::invoke(Member member, Access access, Arguments args) {
+  if (tracing()) trace_call(*this, member, access, args, "Page" + std::to_string(page_));
   switch (member) {
     case Member::Default:
     case Member::Item: return rows_[checked_position(argument(args, 0), rows_.size())];

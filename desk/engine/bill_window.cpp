@@ -263,8 +263,4 @@ void BillWindow::focus(std::string_view sKey, std::int32_t nRow) {
   active_row_ = template_->field(nField).nPage == 1 ? 0 : nRow;
 }
 
-void BillWindow::tell(TraceObserver::Kind kind, std::string_view sText) const {
-  if (host_.trace != nullptr) host_.trace->on_trace(kind, sText);
-}
-
 }  // namespace desk

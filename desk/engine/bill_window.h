@@ -93,7 +93,6 @@ class BillWindow final : public arap::Object {
   int decimals(std::size_t nField, const DataRow* pRow) const;
   std::string status_panel(std::int32_t nPanel) const;
   void set_chooser(SourceChooser chooser) { host_.choose_sources = std::move(chooser); }
-  void set_trace(TraceObserver* pTrace) { host_.trace = pTrace; }
 
   // --- the plug-in ------------------------------------------------------------------------------------------------
 
@@ -115,7 +114,6 @@ class BillWindow final : public arap::Object {
   void reset_screen();
   void fill_look_ups(DataRow& row);
   void set_default(Cell& cell, const TemplateField& field);
-  void tell(TraceObserver::Kind kind, std::string_view sText) const;
   void give_lock();
   void show_loaded(std::int32_t nBillID, bool bReadOnly);
 

@@ -1,5 +1,6 @@
 #include "data/automation_names.h"
 #include "data/connection_object.h"
+#include "data/trace.h"
 #include "engine/bill_window.h"
 #include "engine/window_objects.h"
 #include "frame/conversions.h"
@@ -7,8 +8,12 @@
 namespace desk {
 
 Variant BillWindow::invoke(Member member, Access access, Arguments args) {
-  if (host_.trace != nullptr) tell(TraceObserver::Kind::Call, trace_text(arap::name_of(member), args));
-  return dispatch(member, access, args);
+  if (tracing()) trace_call(*this, member, access, args);
+  try {
+    return dispatch(member, access, args);
+  } catch (const DeskError& error) {
+    pass_through_door(error, type_name());
+  }
 }
 
 Variant BillWindow::dispatch(Member member, Access access, Arguments args) {

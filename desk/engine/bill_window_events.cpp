@@ -1,5 +1,6 @@
 #include <array>
 
+#include "data/trace.h"
 #include "engine/bill_store.h"
 #include "engine/bill_window.h"
 #include "frame/conversions.h"
@@ -10,7 +11,7 @@ using arap::Event;
 using arap::Variant;
 
 void BillWindow::fire(Event event, arap::Arguments args) {
-  if (host_.trace != nullptr) tell(TraceObserver::Kind::Event, trace_text(arap::name_of(event), args));
+  trace_event(event, args);
   events_.fire(event, args);
 }
 
@@ -49,7 +50,7 @@ bool BillWindow::store_bill() {
   } catch (const DeskError& error) {
     save_reason_ = error.problem();
     if (!error.hint().empty()) save_reason_ += " " + error.hint();
-    tell(TraceObserver::Kind::Message, save_reason_);
+    trace(TraceObserver::Kind::Message, save_reason_);
     std::array<Variant, 3> args{arap::make_object<HostDictionary>(), std::int32_t{0}, save_reason_};
     fire(Event::SaveBillFailed, args);
     return false;

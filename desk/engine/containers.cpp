@@ -1,6 +1,7 @@
 #include "engine/containers.h"
 
 #include "data/automation_names.h"
+#include "data/trace.h"
 #include "engine/bars.h"
 #include "frame/conversions.h"
 #include "frame/open_choices.h"
@@ -56,6 +57,7 @@ void HostDictionary::set(std::string_view sKey, Variant vValue) {
 }
 
 Variant HostDictionary::invoke(Member member, Access access, Arguments args) {
+  if (tracing()) trace_call(*this, member, access, args);
   switch (member) {
     case Member::Default:
     case Member::Value: {
@@ -87,6 +89,7 @@ std::size_t checked_position(const Variant& vIndex, std::size_t nSize) {
 }
 
 Variant HostVector::invoke(Member member, Access access, Arguments args) {
+  if (tracing()) trace_call(*this, member, access, args);
   switch (member) {
     case Member::Default:
     case Member::Item: {

@@ -7,7 +7,6 @@
 #include <vector>
 
 #include "data/database.h"
-#include "engine/trace.h"
 
 namespace desk {
 
@@ -55,7 +54,6 @@ struct Host {
   /// yyyy-mm-dd of a new bill, and who makes it.
   std::string sToday;
   std::string sUser;
-  TraceObserver* trace = nullptr;
 };
 
 }  // namespace desk

@@ -1,6 +1,7 @@
 #include "engine/look_ups.h"
 
 #include "data/sql_dialect.h"
+#include "data/trace.h"
 #include "frame/conversions.h"
 
 namespace desk {
@@ -22,6 +23,8 @@ Rows LookUps::select(const LookUpSource& source, const std::string& sCondition, 
     const TranslatedCondition filter = translate_condition(sFilter);
     sSql += (sCondition.empty() ? " WHERE (" : " AND (") + filter.sSql + ")";
     all.insert(all.end(), filter.binds.begin(), filter.binds.end());
+    trace(TraceObserver::Kind::Sql, sFilter);
+    trace_translation(filter.sSql, filter.binds);
   }
   return database_.query(sSql + " ORDER BY " + source.sCodeColumn, all);
 }

@@ -4,6 +4,7 @@
 #include "data/columns.h"
 #include "data/recordset.h"
 #include "data/sql_dialect.h"
+#include "data/trace.h"
 #include "engine/bill_window.h"
 #include "engine/window_objects.h"
 #include "frame/conversions.h"
@@ -96,7 +97,10 @@ Rows BillWindow::read_sources(const SelectionSource& source, const std::string& 
   }
   const std::string sSort = static_cast<const FilterBag&>(oQuery).filter("HeadSort");
   sSql += " ORDER BY " + (arap::Trim(sSort).empty() ? std::string("FDate, FBillID") : translate_order(sSort));
-  tell(TraceObserver::Kind::Sql, "Select * From " + source.sView + " Where " + sFilter);
+  if (tracing()) {
+    trace(TraceObserver::Kind::Sql, "Select * From " + source.sView + " Where " + sFilter + " Order By " + sSort);
+    trace_translation(sSql, binds);
+  }
   return host_.database.query(sSql, binds);
 }
 

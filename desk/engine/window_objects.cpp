@@ -1,14 +1,14 @@
 #include "engine/window_objects.h"
 
 #include "data/automation_names.h"
+#include "data/trace.h"
 #include "frame/conversions.h"
 #include "frame/open_choices.h"
 
 namespace desk {
 
-Variant BillFormObject::invoke(Member member, Access access, Arguments args) {
-  window_->tell(TraceObserver::Kind::Call,
-                window_->host_.trace ? trace_text(arap::name_of(member), args) : std::string());
+Variant BillFormObject::invoke(Member member, Access access, Arguments args) try {
+  if (tracing()) trace_call(*this, member, access, args);
   switch (member) {
     case Member::MutexSuccess: return window_->edit_lock_;
     case Member::LockBill: window_->bill_locked_ = true; return {};
@@ -27,11 +27,12 @@ Variant BillFormObject::invoke(Member member, Access access, Arguments args) {
     case Member::Data: return window_->data(args);
     default: no_such_member(member);
   }
+} catch (const DeskError& error) {
+  pass_through_door(error, type_name());
 }
 
-Variant BillCtlObject::invoke(Member member, Access, Arguments args) {
-  window_->tell(TraceObserver::Kind::Call,
-                window_->host_.trace ? trace_text(arap::name_of(member), args) : std::string());
+Variant BillCtlObject::invoke(Member member, Access access, Arguments args) {
+  if (tracing()) trace_call(*this, member, access, args);
   switch (member) {
     case Member::BillStatus: {
       const bool bEditable = window_->mode_ != EditMode::ReadOnly && window_->edit_lock_ && !window_->bill_locked_;
@@ -57,6 +58,7 @@ Variant BillCtlObject::invoke(Member member, Access, Arguments args) {
 }
 
 Variant ScreenFieldObject::invoke(Member member, Access access, Arguments args) {
+  if (tracing()) trace_call(*this, member, access, args, window_->template_->field(field_).sKey);
   FieldState& state = window_->states_[field_];
   switch (member) {
     case Member::Text: {
@@ -75,7 +77,8 @@ Variant ScreenFieldObject::invoke(Member member, Access access, Arguments args) 
   }
 }
 
-Variant EntryObject::invoke(Member member, Access, Arguments args) {
+Variant EntryObject::invoke(Member member, Access access, Arguments args) {
+  if (tracing()) trace_call(*this, member, access, args, "Page" + std::to_string(page_));
   switch (member) {
     case Member::KeyField: return window_->template_->page(page_).sKeyField;
     case Member::MDKFields:
@@ -92,7 +95,8 @@ Variant EntryObject::invoke(Member member, Access, Arguments args) {
   }
 }
 
-Variant EntryList::invoke(Member member, Access, Arguments args) {
+Variant EntryList::invoke(Member member, Access access, Arguments args) {
+  if (tracing()) trace_call(*this, member, access, args);
   const auto& aPages = window_->bill().pages();
   switch (member) {
     case Member::Count:
@@ -107,6 +111,7 @@ Variant EntryList::invoke(Member member, Access, Arguments args) {
 }
 
 Variant FilterBag::invoke(Member member, Access access, Arguments args) {
+  if (tracing()) trace_call(*this, member, access, args);
   if (member != Member::Filter) no_such_member(member);
   if (is_put(access)) {
     values_->set(arap::Concat(argument(args, 0)), argument(args, 1));

@@ -1,12 +1,18 @@
 #include "services/component.h"
 
+#include "data/trace.h"
 #include "frame/conversions.h"
 
 namespace desk {
 
-arap::Variant Component::invoke(arap::Member member, arap::Access, arap::Arguments args) {
-  for (const auto& [name, handler] : handlers_) {
-    if (name == member) return handler(args);
+arap::Variant Component::invoke(arap::Member member, arap::Access access, arap::Arguments args) {
+  if (tracing()) trace_call(*this, member, access, args);
+  try {
+    for (const auto& [name, handler] : handlers_) {
+      if (name == member) return handler(args);
+    }
+  } catch (const DeskError& error) {
+    pass_through_door(error, type_name());
   }
   no_such_member(member);
 }

@@ -5,6 +5,7 @@
 #include <QFileInfo>
 #include <QSysInfo>
 
+#include "data/trace.h"
 #include "frame/messages.h"
 
 namespace desk {
@@ -28,6 +29,7 @@ QFileInfo existing_file(std::string_view sPath) {
 }  // namespace
 
 int DeskPlatform::MsgBox(std::string_view sText, int nButtons, std::string_view sTitle) {
+  trace(TraceObserver::Kind::Message, sText);
   ShownMessage message{std::string(sText), nButtons, std::string(sTitle)};
   message.nAnswer = answer(message);
   messages_.push_back(message);

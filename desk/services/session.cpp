@@ -6,12 +6,26 @@
 
 namespace desk {
 
+namespace {
+
+// The library reads user and book out of one text of items "key=value;key={value}".
+void refuse_marks(std::string_view sMarks, const std::string& sText, const std::string& sWhat) {
+  if (sText.find_first_of(sMarks) == std::string::npos) return;
+  throw DeskError(ErrorKind::BadValue, "the " + sWhat + " can't hold any of " + std::string(sMarks), sText,
+                  "choose another " + sWhat);
+}
+
+}  // namespace
+
 Session::Session(Database& database, std::string_view sUserName)
     : database_(database), user_name_(sUserName), platform_(registry_), tasks_(database, [this] { return seat(); }) {
+  refuse_marks("=;{}", user_name_, "user name");
+  refuse_marks("{}", database.path(), "name of the book");
   const Rows rows = database.query("SELECT FUserID FROM t_User WHERE FName = ?", {Bind(user_name_)});
-  if (rows.empty())
+  if (rows.empty()) {
     throw DeskError(ErrorKind::BadValue, "the book has no user \"" + user_name_ + "\"", database.path(),
                     "log in under a user of this book");
+  }
   user_id_ = rows.integer(0, "FUserID");
   for (const std::string_view sProgID :
        {arap::open_choices::kDictionary, arap::open_choices::kVector, arap::open_choices::kTool})

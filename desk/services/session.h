@@ -20,7 +20,7 @@ struct HelpCall {
 /// QCoreApplication.
 class Session {
  public:
-  /// Raises DeskError when the book has no such user.
+  /// Raises DeskError when the book has no such user, or when a name holds a mark of the props string.
   Session(Database& database, std::string_view sUserName);
   ~Session();
   Session(const Session&) = delete;

@@ -1,45 +1,9 @@
-#include <gtest/gtest.h>
+#include "desk/cli/command_line.h"
 
 #include <algorithm>
-#include <fstream>
-#include <nlohmann/json.hpp>
-#include <sstream>
-
-#include "cli/commands.h"
-#include "desk/services/small_book.h"
 
 namespace desk::testing {
 namespace {
-
-class CommandLine : public ::testing::Test {
- protected:
-  CommandLine() { need_application(); }
-
-  int run(std::vector<std::string> args) {
-    std::ostringstream out_stream, err_stream;
-    const int nCode = run_command_line(std::move(args), out_stream, err_stream);
-    out = out_stream.str();
-    err = err_stream.str();
-    return nCode;
-  }
-  int play_text(const std::string& sText, const std::string& sUser = "demo") {
-    std::ofstream(scenario()) << sText;
-    return run({"play", book(), scenario(), "--today", "2026-11-10", "--user", sUser});
-  }
-  int play_shipped(const std::string& sName) {
-    return run({"play", book(), std::string(TEST_DATA_DIR) + "/../desk/scenarios/" + sName, "--today", "2026-11-10"});
-  }
-  void make_demo() { ASSERT_EQ(run({"new", book(), "--demo", "--today", "2026-11-01"}), kExitDone) << err; }
-  nlohmann::json shown(const std::string& sWhat) {
-    EXPECT_EQ(run({"show", book(), sWhat, "--json"}), kExitDone) << err;
-    return nlohmann::json::parse(out);
-  }
-  std::string book() const { return folder.filePath(QStringLiteral("company.db")).toStdString(); }
-  std::string scenario() const { return folder.filePath(QStringLiteral("day.txt")).toStdString(); }
-
-  QTemporaryDir folder;
-  std::string out, err;
-};
 
 TEST_F(CommandLine, HelpStandsBehindEveryCommand) {
   EXPECT_EQ(run({"--help"}), kExitDone);
@@ -172,9 +136,11 @@ TEST_F(CommandLine, TwoReceiptsOverTheSameInvoiceSettleItOnce) {
 
 TEST_F(CommandLine, TraceShowsEventsCallsAndSql) {
   make_demo();
-  std::ofstream(scenario()) << "new receipt\n";
+  std::ofstream(scenario()) << "new receipt\nset FCustomerID C002\nselect all\n";
   EXPECT_EQ(run({"play", book(), scenario(), "--trace", "--today", "2026-11-10"}), kExitDone) << err;
-  EXPECT_NE(out.find("      | AfterNewBill"), std::string::npos) << out;
+  for (const char* sStart : {"event    AfterNewBill()", "call     BillEvent.", "call     Dictionary ", "call     Tool ",
+                             "sql      ", "sql as   "})
+    EXPECT_NE(out.find(std::string("      | ") + sStart), std::string::npos) << sStart << "\n" << out;
 }
 
 TEST_F(CommandLine, TheBenchSettlesEverythingAndReportsItsTimes) {

@@ -168,16 +168,5 @@ TEST_P(Window, SetBarStatusTakesAnyCaseAndIgnoresAToolThatIsntThere) {
   EXPECT_NO_THROW(window->call(Member::SetBarStatus, "mnuCaculate", "Enabled", true));
 }
 
-TEST_P(Window, TheTraceTellsEventsAndCallsInOrder) {
-  TraceLog log;
-  window->set_trace(&log);
-  plugin->handlers[Event::AfterNewBill] = [this](arap::Arguments) { window->get(Member::EditMode); };
-  window->new_bill();
-  ASSERT_EQ(log.lines().size(), 2u);
-  EXPECT_EQ(log.lines()[0].sText, "AfterNewBill()");
-  EXPECT_EQ(log.lines()[1].sText, "EditMode()");
-  window->set_trace(nullptr);
-}
-
 }  // namespace
 }  // namespace desk::testing
