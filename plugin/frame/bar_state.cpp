@@ -4,6 +4,7 @@
 #include <array>
 
 #include "frame/failure.h"
+#include "frame/text_utils.h"
 
 namespace arap {
 
@@ -74,6 +75,16 @@ std::int32_t FindToolIndex(const ActiveBar& oBar, const Variant& vBand, std::str
     if (EqualsNoCase(Concat(oTools.Item(i).Name()), sTool)) return i;
   }
   return 0;
+}
+
+void PlaceRowCommands(const BillEvent& oBill, const ActiveBar& oBar) {
+  const std::int32_t nPreview = FindToolIndex(oBar, "BandToolBar"_key, "mnuFilePreview");
+  oBar.Tools("mnuEditAddRow"_key).SetDescription(LoadText("插行"));
+  oBar.Tools("mnuEditDelRow"_key).SetDescription(LoadText("删行"));
+  const ToolCollection oToolBand = oBar.Bands("BandToolBar"_key).Tools();
+  oToolBand.Insert(nPreview + 1, "mnuEditAddRow"_key);
+  oToolBand.Insert(nPreview + 2, "mnuEditDelRow"_key);
+  oBill.Form().RefreshToolbar();
 }
 
 }  // namespace arap

@@ -17,4 +17,7 @@ void DisableBodyCommands(const BillEvent& oBill);
 /// The 0-based position of a tool in a band, names in lower case; 0 also when there is none.
 std::int32_t FindToolIndex(const ActiveBar& oBar, const Variant& vBand, std::string_view sTool);
 
+/// Describes the row commands of a bill window and places them on its toolbar right behind the preview.
+void PlaceRowCommands(const BillEvent& oBill, const ActiveBar& oBar);
+
 }  // namespace arap

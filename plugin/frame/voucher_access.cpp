@@ -20,6 +20,24 @@ std::string AccountsWithoutRightSql(const std::string& sUserText, std::int32_t n
          std::to_string(nVoucherID);
 }
 
+/// The voucher made from the bill; 0 when there is none.
+std::int32_t VoucherOfBill(const BillEvent& oBill, std::string_view sBillTable) {
+  const std::string sSql =
+      "select FVoucherID from " + std::string(sBillTable) + " " + "where FBillID=" + std::to_string(oBill.InterID());
+  ParsePropsString(GetPropsString());
+  const Ref<Object> oConnection = CreateLocalObject("NUVConnection.AppConnection");
+  const Recordset rs(oConnection->call(Member::Execute, ConnectString(), sSql));
+  return rs.Eof() ? 0 : LongOf(rs.Value("FVoucherID"_key));
+}
+
+Variant FirstArgument(EditorArgument editorArgument) {
+  switch (editorArgument) {
+    case EditorArgument::PropsString: return GetPropsString();
+    case EditorArgument::ModeOne: return std::int32_t{1};
+  }
+  return {};
+}
+
 }  // namespace
 
 bool CheckVoucherRight(std::int32_t nVoucherID) {
@@ -57,6 +75,20 @@ void ShowVoucherEdit(std::int32_t nVoucherID, std::int32_t nMode) {
     const Dictionary oOptions = VoucherEditOptions();
     const Ref<Object> oEditor = CreateLocalObject("NUVMVEdit.MVoucherEdit");
     oEditor->call(Member::LoadVoucher, nMode, nVoucherID, Missing{}, oOptions);
+  } catch (const AutomationError& error) {
+    ShowInfo(LoadText("加载凭证编辑组建失败：") + error.description());
+  }
+}
+
+void ShowVoucherOfBill(const BillEvent& oBill, std::string_view sBillTable, EditorArgument editorArgument) {
+  try {
+    const std::int32_t nVoucherID = VoucherOfBill(oBill, sBillTable);
+    if (nVoucherID == 0) return ShowInfo(LoadText("单据未记账。"));
+    // Without the right it shows its own message.
+    if (!CheckVoucherRight(nVoucherID)) return;
+    const Dictionary oOptions = VoucherEditOptions();
+    const Ref<Object> oEditor = CreateLocalObject("NUVMVEdit.MVoucherEdit");
+    oEditor->call(Member::LoadVoucher, FirstArgument(editorArgument), std::to_string(nVoucherID), Missing{}, oOptions);
   } catch (const AutomationError& error) {
     ShowInfo(LoadText("加载凭证编辑组建失败：") + error.description());
   }

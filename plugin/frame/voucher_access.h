@@ -1,7 +1,7 @@
 #pragma once
 
 #include <cstdint>
-#include <string>
+#include <string_view>
 
 #include "frame/host_contract.h"
 
@@ -18,5 +18,11 @@ Dictionary VoucherEditOptions();
 
 /// Opens the voucher editor. An error shows "加载凭证编辑组建失败：" and its text.
 void ShowVoucherEdit(std::int32_t nVoucherID, std::int32_t nMode);
+
+/// What the editor gets as its first argument from a bill window.
+enum class EditorArgument : std::uint8_t { PropsString, ModeOne };
+/// Opens the voucher that was made from the bill in its window. Any error is told as one of the editor; nothing passes
+/// to the caller.
+void ShowVoucherOfBill(const BillEvent& oBill, std::string_view sBillTable, EditorArgument editorArgument);
 
 }  // namespace arap

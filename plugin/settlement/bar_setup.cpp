@@ -99,14 +99,6 @@ void SettlementBill::m_BillInterface_MenuBarInitialize(const ActiveBar& oBar) {
   m_bLoaded = true;
 }
 
-void SettlementBill::m_BillInterface_BarInitialize(const ActiveBar& oBar) {
-  const std::int32_t nPreview = FindToolIndex(oBar, "BandToolBar"_key, "mnuFilePreview");
-  oBar.Tools("mnuEditAddRow"_key).SetDescription(LoadText("插行"));
-  oBar.Tools("mnuEditDelRow"_key).SetDescription(LoadText("删行"));
-  const ToolCollection oToolBand = oBar.Bands("BandToolBar"_key).Tools();
-  oToolBand.Insert(nPreview + 1, "mnuEditAddRow"_key);
-  oToolBand.Insert(nPreview + 2, "mnuEditDelRow"_key);
-  Bill().Form().RefreshToolbar();
-}
+void SettlementBill::m_BillInterface_BarInitialize(const ActiveBar& oBar) { PlaceRowCommands(Bill(), oBar); }
 
 }  // namespace arap

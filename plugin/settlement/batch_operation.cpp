@@ -1,3 +1,4 @@
+#include "frame/bill_operation.h"
 #include "frame/server_objects.h"
 #include "frame/session.h"
 #include "frame/text_utils.h"
@@ -5,31 +6,6 @@
 
 /// One operation on one bill by its id, from a list or from outside a window.
 namespace arap {
-
-namespace {
-
-/// The user's word for an operation; "" for a number without one, which takes no task either.
-std::string VerbOf(std::int32_t nCheckType) {
-  switch (nCheckType) {
-    case 0: return LoadText("删除");
-    case 1: return LoadText("审核");
-    case 2: return LoadText("反审核");
-    default: return "";
-  }
-}
-
-Dictionary OperationData(std::int32_t nTransType, std::int32_t nInterID, std::int32_t nCheckType) {
-  const Dictionary oData = NewDictionary();
-  oData.SetValue("TransType"_key, nTransType);
-  oData.SetValue("InterID"_key, nInterID);
-  oData.SetValue("CheckType"_key, nCheckType);
-  const std::string sProps = GetPropsString();
-  ParsePropsString(sProps);
-  oData.SetValue("PropsString"_key, sProps);
-  return oData;
-}
-
-}  // namespace
 
 bool SettlementBill::DoOptToBill(std::int32_t nTransType, std::int32_t nInterID, std::int32_t nCheckType,
                                  Variant& vCode, Variant& vMessage) {

@@ -1,9 +1,6 @@
-#include <array>
-#include <string>
-
 #include "frame/bill_fields.h"
+#include "frame/bill_operation.h"
 #include "frame/messages.h"
-#include "frame/server_objects.h"
 #include "frame/session.h"
 #include "frame/text_utils.h"
 #include "settlement/settlement_bill.h"
@@ -11,18 +8,11 @@
 namespace arap {
 namespace {
 
-/// What CheckBill of the bill service is asked to do.
-enum class CheckFlag : std::int32_t { Uncheck = 0, Check = 1 };
-/// Its only answer that means failure.
-constexpr std::int32_t kServiceFailed = 1;
-
-/// Asks the service and shows its text, whether it failed or not. Answers the service's number.
-std::int32_t AskService(Key sService, std::int32_t nInterID, CheckFlag flag) {
-  const Ref<Object> oService = CreateServerObject(sService);
-  std::array<Variant, 4> args{GetPropsString(), nInterID, static_cast<std::int32_t>(flag), ""_key};
-  const std::int32_t nResult = LongOf(oService->invoke(Member::CheckBill, Access::Call, args));
-  ShowMessage(Concat(args[3]), kNotice, kTitle);
-  return nResult;
+/// Asks the service and shows its text, whether it failed or not.
+CheckAnswer AskService(Key sService, std::int32_t nInterID, CheckFlag flag) {
+  CheckAnswer answer = AskCheckBill(sService, nInterID, flag);
+  ShowMessage(answer.sMessage, kNotice, kTitle);
+  return answer;
 }
 
 }  // namespace
@@ -36,17 +26,15 @@ void SettlementBill::CheckBillCommand(const Tool&, Variant& vCancel) {
   if (!oBill.Form().SaveBill()) return;
   const std::int32_t nInterID = oBill.InterID();
   if (nInterID < 1) return;
-  const std::int32_t nResult = AskService(side_.sBillService, nInterID, CheckFlag::Check);
+  const CheckAnswer answer = AskService(side_.sBillService, nInterID, CheckFlag::Check);
   oBill.ReloadAfterCheck();
-  if (nResult != kServiceFailed) ApplyStatusLocks(kChecked);
+  if (!answer.Failed()) ApplyStatusLocks(kChecked);
   oBill.ShowBillByID(nInterID);
 }
 
 /// A bill of an earlier period stays checked; the first day of the current one passes.
 bool SettlementBill::IsBeforeCurrentPeriod() const {
-  const std::string sDate = Format(Concat(GetBillField(Bill(), "FDate"_key, kHead)), "YYYY-MM-DD");
-  const std::string sStart = Format(GetCurrentPeriodStart(), "YYYY-MM-DD");
-  return sDate < sStart;
+  return IsBeforePeriod(GetBillField(Bill(), "FDate"_key, kHead), GetCurrentPeriodStart());
 }
 
 /// Nothing is saved first, and status and write-offs are the service's to judge. The reload brings the locks back.

@@ -190,8 +190,6 @@ class SettlementBill : public ListedBillClass {
   void RewriteRateOfPushedBill();
   void ShowBillHelp() const;
   void ShowBillVoucher() const;
-  void OpenVoucherOfBill() const;
-  std::int32_t VoucherOfBill() const;
 
   // --- check_commands ---
   void CheckBillCommand(const Tool& oTool, Variant& vCancel);
