@@ -33,8 +33,11 @@ Variant SettlementBill::invoke(Member member, Access access, Arguments args) {
   }
   Variant vCode = std::int16_t{0};
   Variant vDesc = "";
-  return DoOptToBill(ToLong(argument(args, 0)), ToLong(argument(args, 1)), ToLong(argument(args, 2)),
-                     OptionalArgument(args, 3, vCode), OptionalArgument(args, 4, vDesc));
+  Variant vOk = false;
+  const bool bOk = DoOptToBill(ToLong(argument(args, 0)), ToLong(argument(args, 1)), ToLong(argument(args, 2)),
+                               OptionalArgument(args, 3, vCode), OptionalArgument(args, 4, vDesc));
+  OptionalArgument(args, 5, vOk) = bOk;
+  return bOk;
 }
 
 std::string_view SettlementBill::GetTaskCode(int nIndex) const {
@@ -71,8 +74,14 @@ void SettlementBill::OnBillEvent(Event event, Arguments args) {
   }
 }
 
-// The list's data is on screen: nothing is left to do, and the other events of the list aren't heard.
-void SettlementBill::OnListEvent(Event, Arguments) {}
+void SettlementBill::OnListEvent(Event event, Arguments args) {
+  switch (event) {
+    case Event::BarInitialize: return m_LstInterface_BarInitialize(ActiveBar(argument(args, 0)));
+    case Event::MenuBarInitialize: return m_LstInterface_MenuBarInitialize(ActiveBar(argument(args, 0)));
+    case Event::MenuBarClick: return m_LstInterface_MenuBarClick(Tool(argument(args, 0)), argument(args, 1));
+    default: return;  // after AfterGetData nothing is left to do; the other events aren't the list's
+  }
+}
 
 Variant SettlementBill::ExecuteCommand(std::string_view sSql) {
   ParsePropsString(GetPropsString());

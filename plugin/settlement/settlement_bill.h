@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "frame/bill_fields.h"
+#include "frame/bill_operation.h"
 #include "frame/conversions.h"
 #include "frame/public_class.h"
 #include "settlement/settlement_sides.h"
@@ -211,6 +212,34 @@ class SettlementBill : public ListedBillClass {
   // --- bar_setup ---
   void m_BillInterface_BarInitialize(const ActiveBar& oBar);
   void m_BillInterface_MenuBarInitialize(const ActiveBar& oBar);
+
+  // --- list_bar_setup, list_commands ---
+  void m_LstInterface_BarInitialize(const ActiveBar& oBar);
+  void m_LstInterface_MenuBarInitialize(const ActiveBar& oBar);
+  void m_LstInterface_MenuBarClick(const Tool& oTool, Variant& vCancel);
+  void SetUpListBar(const ActiveBar& oBar) const;
+  /// What a command of the list works on.
+  struct Selection {
+    Vector oRows;
+    bool bRefresh;
+  };
+  struct ListCommand {
+    Key sName;
+    void (SettlementBill::*run)(const Selection& selection, Variant& vCancel);
+  };
+  std::span<const ListCommand> ListCommands() const;
+  void DeleteListCommand(const Selection& selection, Variant& vCancel);
+  void CheckListCommand(const Selection& selection, Variant& vCancel);
+  void UncheckListCommand(const Selection& selection, Variant& vCancel);
+  void VoucherListCommand(const Selection& selection, Variant& vCancel);
+  void ViewBillListCommand(const Selection& selection, Variant& vCancel);
+  /// True when every selected row allows the operation; the first that doesn't shows its message, but a row without
+  /// FBillID and an empty selection show none.
+  bool CheckSelectedStatus(const Vector& oRows, BillOperation operation);
+  bool PassesListTests(const Recordset& rs, BillOperation operation);
+  bool SourcesExist(const Recordset& rs);
+  void OperateOnSelected(const Selection& selection, BillOperation operation);
+  ListDataServer ListServer() const;
 
   // --- shared by the files ---
   double HeadNumber(Key sKey) const { return GetBillNumber(Bill(), sKey, kHead); }

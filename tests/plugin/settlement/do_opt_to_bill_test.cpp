@@ -98,5 +98,30 @@ TEST_P(DoOptToBill, CodeAndTextMayBeLeftOut) {
   EXPECT_TRUE(plugin->call(Member::DoOptToBill, 1000201, 31, 1).as<bool>());
 }
 
+TEST_P(DoOptToBill, TheAnswerStandsInASixthArgumentToo) {
+  std::array<Variant, 6> aSix{std::int32_t{side.nBillClass}, std::int32_t{31}, std::int32_t{1}, std::int16_t{0}, "", 0};
+  plugin->invoke(Member::DoOptToBill, Access::Call, aSix);
+  EXPECT_TRUE(aSix[5].as<bool>());
+  session.simple_answers[31] = {-1, "", ""};
+  plugin->invoke(Member::DoOptToBill, Access::Call, aSix);
+  EXPECT_FALSE(aSix[5].as<bool>());
+}
+
+TEST_P(DoOptToBill, EachCodeHasItsApprovedCalls) {
+  for (const std::int32_t nCode : {-1, 0, 1, 5}) {
+    trace().clear();
+    session.simple_answers[31] = {nCode, "说明", "SK31"};
+    run(1);
+    expect_golden(nCode == -1 ? "do_opt_refused" : "do_opt_code_" + std::to_string(nCode));
+  }
+}
+
+TEST_P(DoOptToBill, AConflictHasItsApprovedCalls) {
+  session.next_task = 0;
+  trace().clear();
+  run(1);
+  expect_golden("do_opt_conflict");
+}
+
 }  // namespace
 }  // namespace arap::testing
