@@ -36,7 +36,7 @@ struct Money {
   friend Money operator-(Money a);
   Money& operator+=(Money other) { return *this = *this + other; }
   Money& operator-=(Money other) { return *this = *this - other; }
-  friend auto operator<=>(Money, Money) = default;
+  friend auto operator<=>(Money, Money) = default;  // NOLINT(modernize-use-nullptr): its own 0 is no pointer
 };
 
 }  // namespace desk

@@ -29,7 +29,7 @@ class CurrencyCache {
         "SELECT FName, FExchangeRate, FOperator, FScale FROM t_Currency WHERE FCurrencyID = ?", {Bind(nCurrencyID)});
     if (rows.empty())
       throw arap::AutomationError(arap::ErrorNumber::InvalidProcedureCall, "currency " + std::to_string(nCurrencyID));
-    const auto constant = [](Variant vValue) { return Handler([vValue](Arguments) { return vValue; }); };
+    const auto constant = [](const Variant& vValue) { return Handler([vValue](Arguments) { return vValue; }); };
     return make_component("Currency", {{Member::ExchangeRate, constant(rows.real(0, "FExchangeRate"))},
                                        {Member::Operator, constant(rows.text(0, "FOperator"))},
                                        {Member::ScaleX, constant(rows.integer(0, "FScale"))},

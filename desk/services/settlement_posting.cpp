@@ -56,6 +56,14 @@ std::string settled_by_source(const SourceKind& kind) {
          ") r GROUP BY FSourceID)";
 }
 
+// Adds to each source of the kind what the bill's rows settle of it, or takes it away. Two parameters, both the bill.
+std::string posting_of(const SourceKind& kind, const std::string& sSign) {
+  const std::string sFor(kind.sReceived), sBase(kind.sReceivedBase), sTable(kind.sTable);
+  return "UPDATE " + sTable + " SET " + sFor + " = " + sTable + "." + sFor + sSign + "d.FSettleFor, " + sBase + " = " +
+         sTable + "." + sBase + sSign + "d.FSettle FROM " + settled_by_source(kind) + " d WHERE " + sTable + "." +
+         std::string(kind.sKey) + " = d.FSourceID";
+}
+
 // What the bill's refund rows give back of each earlier row. One parameter, the bill.
 constexpr std::string_view kGivenBackByRow =
     "(SELECT e.FEntryID_SRC AS FSourceID, MIN(e.FIndex) AS FIndex, MIN(e.{number}) AS FNumber,"
@@ -226,13 +234,8 @@ void SettlementPosting::refuse_bad_source(std::string_view sCheckSql, std::int32
 
 void SettlementPosting::post_sources(std::int32_t nBillID, bool bCheck) {
   const std::string sSign = bCheck ? " + " : " - ";
-  for (const SourceKind& kind : kSourceKinds) {
-    const std::string sFor(kind.sReceived), sBase(kind.sReceivedBase), sTable(kind.sTable);
-    database_.exec(sql("UPDATE " + sTable + " SET " + sFor + " = " + sTable + "." + sFor + sSign + "d.FSettleFor, " +
-                       sBase + " = " + sTable + "." + sBase + sSign + "d.FSettle FROM " + settled_by_source(kind) +
-                       " d WHERE " + sTable + "." + std::string(kind.sKey) + " = d.FSourceID"),
-                   {Bind(nBillID), Bind(nBillID)});
-  }
+  for (const SourceKind& kind : kSourceKinds)
+    database_.exec(sql(posting_of(kind, sSign)), {Bind(nBillID), Bind(nBillID)});
   database_.exec(sql("UPDATE {entry} SET FBackAmountFor = {entry}.FBackAmountFor" + sSign +
                      "d.FBackFor, FBackAmount = {entry}.FBackAmount" + sSign + "d.FBack FROM " +
                      std::string(kGivenBackByRow) + " d WHERE {entry}.FID = d.FSourceID"),
