@@ -14,7 +14,7 @@ struct ToolTexts {
   std::string_view sCaption;
   std::string_view sToolTip;
   std::string_view sDescription;
-  std::string_view sPicture = "";
+  std::string_view sPicture = {};
 };
 
 std::span<const ToolTexts> ReceiveBillTexts();
