@@ -16,7 +16,11 @@ class clsRPInOutTypeView final : public PublicClass {
   void Show(const Ref<Object>& oSource) override { m_LstInterface.set(CastTo(oSource, kBaseClassEvent)); }
 
  private:
-  void OnBaseEvent(Event, Arguments) {}
+  void OnBaseEvent(Event event, Arguments args);
+
+  void m_LstInterface_AfterGetData();
+  void m_LstInterface_BarInitialize(const ActiveBar& oBar);
+  void m_LstInterface_MenuBarClick(const Tool& oTool);
 
   EventMember<clsRPInOutTypeView> m_LstInterface{*this, &clsRPInOutTypeView::OnBaseEvent};
 };
