@@ -7,9 +7,9 @@
 
 #include <chrono>
 
-#include "services/seat_host.h"
 #include "data/demo.h"
 #include "frame/conversions.h"
+#include "services/seat_host.h"
 
 namespace desk {
 

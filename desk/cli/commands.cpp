@@ -10,10 +10,10 @@
 
 #include "cli/bench_settle.h"
 #include "cli/player.h"
-#include "services/seat_host.h"
 #include "cli/show.h"
 #include "data/demo.h"
 #include "data/import_csv.h"
+#include "services/seat_host.h"
 
 namespace desk {
 

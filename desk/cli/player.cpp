@@ -2,10 +2,10 @@
 
 #include <ostream>
 
-#include "services/seat_host.h"
 #include "frame/contract_bill.h"
 #include "frame/conversions.h"
 #include "frame/messages.h"
+#include "services/seat_host.h"
 #include "services/vouchers.h"
 
 namespace desk {
