@@ -25,6 +25,20 @@ QString next_connection_name() {
   return QStringLiteral("desk-book-%1").arg(++nLast);
 }
 
+/// Gives each "?" outside a literal a name. Binding by name finds its place at once; binding by position makes up a
+/// name for each value anew.
+std::vector<QString> name_parameters(QString& sSql) {
+  std::vector<QString> aNames;
+  bool bLiteral = false;
+  for (qsizetype i = 0; i < sSql.size(); ++i) {
+    if (sSql[i] == u'\'') bLiteral = !bLiteral;
+    if (bLiteral || sSql[i] != u'?') continue;
+    aNames.push_back(QStringLiteral(":p%1").arg(aNames.size()));
+    sSql.replace(i, 1, aNames.back());
+  }
+  return aNames;
+}
+
 }  // namespace
 
 void throw_sql_error(const QSqlError& error, const std::string& sWhere) {
@@ -64,13 +78,14 @@ PreparedStatement& StatementCache::prepare(std::string_view sSql) {
   }
   QSqlQuery query(database_);
   query.setForwardOnly(true);
-  if (!query.prepare(QString::fromUtf8(sSql.data(), static_cast<qsizetype>(sSql.size()))))
-    throw_sql_error(query.lastError(), std::string(sSql));
+  QString sNamed = QString::fromUtf8(sSql.data(), static_cast<qsizetype>(sSql.size()));
+  std::vector<QString> aParameters = name_parameters(sNamed);
+  if (!query.prepare(sNamed)) throw_sql_error(query.lastError(), std::string(sSql));
   if (statements_.size() >= capacity_) {
     by_text_.erase(statements_.back().sSql);
     statements_.pop_back();
   }
-  statements_.push_front({std::string(sSql), std::move(query), nullptr});
+  statements_.push_front({std::string(sSql), std::move(query), std::move(aParameters), nullptr});
   by_text_.emplace(statements_.front().sSql, statements_.begin());
   return statements_.front();
 }

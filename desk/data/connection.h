@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <vector>
 
 #include "data/database.h"
 
@@ -19,6 +20,7 @@ namespace desk {
 struct PreparedStatement {
   std::string sSql;
   QSqlQuery query;
+  std::vector<QString> aParameters;  // their names, in order
   std::shared_ptr<const Rows::Columns> columns;
 };
 

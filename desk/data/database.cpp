@@ -35,15 +35,25 @@ Value from_integer(std::int64_t nValue) {
   return std::to_string(nValue);
 }
 
+/// The value itself, without a conversion: its type is known.
+template <class T>
+const T& get(const QVariant& value) {
+  return *static_cast<const T*>(value.constData());
+}
+
 Value from_qt(const QVariant& value) {
   if (value.isNull()) return arap::Null{};
   switch (value.typeId()) {
+    case QMetaType::LongLong: return from_integer(get<qlonglong>(value));
+    case QMetaType::Double: return get<double>(value);
+    case QMetaType::QString: {
+      const QByteArray text = get<QString>(value).toUtf8();
+      return std::string_view(text.data(), static_cast<std::size_t>(text.size()));
+    }
     case QMetaType::Bool: return value.toBool();
     case QMetaType::Int:
     case QMetaType::UInt:
-    case QMetaType::LongLong:
     case QMetaType::ULongLong: return from_integer(value.toLongLong());
-    case QMetaType::Double: return value.toDouble();
     default: {
       const QByteArray text = value.toString().toUtf8();
       return std::string_view(text.data(), static_cast<std::size_t>(text.size()));
@@ -59,7 +69,9 @@ std::shared_ptr<const Rows::Columns> columns_of(const QSqlQuery& query) {
 }
 
 void run(PreparedStatement& statement, const Binds& binds) {
-  for (std::size_t i = 0; i < binds.size(); ++i) statement.query.bindValue(static_cast<int>(i), to_qt(binds[i]));
+  if (binds.size() != statement.aParameters.size())
+    throw DeskError(ErrorKind::Other, "The statement has another number of parameters", statement.sSql);
+  for (std::size_t i = 0; i < binds.size(); ++i) statement.query.bindValue(statement.aParameters[i], to_qt(binds[i]));
   if (statement.query.exec()) return;
   const QSqlError error = statement.query.lastError();
   statement.query.finish();

@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <limits>
+#include <optional>
 #include <string>
 
 #include "data/desk_error.h"
@@ -61,6 +62,16 @@ Decimal decimal_of(double dValue) {
   return {bNegative ? -nDigits : nDigits, nExponent - (kDigits - 1)};
 }
 
+/// The units of a value that is a whole number of them: fourteen digits at most, so the 15-digit text is the same
+/// value.
+std::optional<std::int64_t> exact_units(double dValue) {
+  const double dScaled = dValue * static_cast<double>(Money::kScale);
+  if (!(std::fabs(dScaled) < 1e14)) return std::nullopt;
+  const auto nUnits = static_cast<std::int64_t>(std::llround(dScaled));
+  if (static_cast<double>(nUnits) / static_cast<double>(Money::kScale) != dValue) return std::nullopt;
+  return nUnits;
+}
+
 /// nValue * 10^nPower, rounded half away from zero where digits are lost.
 Wide scaled(Wide nValue, int nPower) {
   if (nValue == 0 || nPower == 0) return nValue;
@@ -82,6 +93,7 @@ Money checked(Wide nUnits) {
 }  // namespace
 
 Money Money::from_double(double dValue) {
+  if (const auto nUnits = exact_units(dValue)) return Money{*nUnits};
   const Decimal decimal = decimal_of(dValue);
   return checked(scaled(decimal.nDigits, decimal.nExponent + 4));
 }

@@ -62,7 +62,7 @@ Variant DataRow::invoke(Member member, Access access, Arguments args) {
       return nPosition == BillTemplate::kNone ? argument(args, 1) : record(nPosition);
     }
     case Member::Size: return static_cast<std::int32_t>(cells_.size());
-    case Member::Name: return field(checked_position(argument(args, 0), cells_.size())).sKey;
+    case Member::Name: return field(checked_position(argument(args, 0), cells_.size())).key;
     default: no_such_member(member);
   }
 }

@@ -12,11 +12,10 @@ std::size_t BillTemplate::find_key(std::string_view sKey) const {
 std::size_t BillTemplate::find(const arap::Variant& vKey) const {
   if (!vKey.is_text()) return find_key(arap::Concat(vKey));
   const arap::TextBody* pBody = vKey.as<arap::Text>().body();
-  // Only a key of the program keeps its place for good.
-  if (pBody == nullptr || pBody->references != arap::TextBody::kStatic) return find_key(vKey.text());
-  if (const auto found = by_body_.find(pBody); found != by_body_.end()) return found->second;
+  if (const std::size_t* pField = by_body_.find(pBody)) return *pField;
   const std::size_t nField = find_key(vKey.text());
-  by_body_.emplace(pBody, nField);
+  // Only a key of the program keeps its place for good.
+  if (pBody != nullptr && pBody->references == arap::TextBody::kStatic) by_body_.enter(pBody, nField);
   return nField;
 }
 

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "engine/formula.h"
+#include "engine/key_places.h"
 #include "frame/variant.h"
 
 namespace desk {
@@ -25,6 +26,7 @@ struct LookUpSource {
 
 struct TemplateField {
   std::string sKey;
+  arap::Text key;  // the same as a text of the door, one body for all who ask for it
   std::string sCaption;
   std::string sColumn;  // "" when the value isn't stored
   std::string sSource;  // column of the selection view that fills it; "" when none does
@@ -50,6 +52,7 @@ struct TemplatePage {
   std::string sCaption;
   std::string sTable;
   std::string sKeyField;  // marks a row as used
+  arap::Text keyField;    // the same as a text of the door
   std::vector<std::size_t> aFields;
 };
 
@@ -81,7 +84,8 @@ class BillTemplate {
   /// One of the templates that come with the desk: "receipt" or "payment".
   static std::shared_ptr<const BillTemplate> shipped(std::string_view sName);
 
-  /// The field's number, or kNone. Keys of the program are found by their place, other texts by their lower case.
+  /// The field's number, or kNone. Keys of the program and the template's own texts are found by their place, others by
+  /// their lower case.
   std::size_t find(const arap::Variant& vKey) const;
   std::size_t find_key(std::string_view sKey) const;
   const TemplateField& field(std::size_t nField) const { return fields_[nField]; }
@@ -110,7 +114,7 @@ class BillTemplate {
   std::vector<TemplateBand> bands_;
   std::vector<SelectionSource> selections_;
   std::unordered_map<std::string, std::size_t> by_key_;  // lower case
-  mutable std::unordered_map<const arap::TextBody*, std::size_t> by_body_;
+  mutable KeyPlaces by_body_;
 };
 
 }  // namespace desk

@@ -18,7 +18,7 @@ FieldDefinition::FieldDefinition(const BillTemplate& bill, std::size_t nField) :
   const TemplateField& field = bill.field(nField);
   set("FPage", field.nPage);
   set("FSourceType", field.lookUp ? field.lookUp->nSourceType : 0);
-  set("FKey", field.sKey);
+  set("FKey", field.key);
   set("FFieldName", field.sColumn);
   set("FSRCTableName", field.lookUp ? field.lookUp->sTable : "");
   set("FSRCFieldName", field.lookUp ? field.lookUp->sKeyColumn : "");

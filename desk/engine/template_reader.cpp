@@ -92,6 +92,7 @@ class TemplateReader {
                                  text(item, "caption"),
                                  needed(item, "table"),
                                  text(item, "keyField"),
+                                 arap::Text(text(item, "keyField")),
                                  {}});
   }
 
@@ -111,6 +112,7 @@ class TemplateReader {
     place_ = "field number " + std::to_string(template_->fields_.size() + 1);
     TemplateField field;
     field.sKey = needed(item, "key");
+    field.key = arap::Text(field.sKey);
     place_ = "field " + field.sKey;
     field.sCaption = text(item, "caption");
     field.sColumn = text(item, "column");
@@ -138,6 +140,7 @@ class TemplateReader {
     const std::size_t nField = template_->fields_.size();
     if (!template_->by_key_.emplace(arap::LowerCase(field.sKey), nField).second) fail("the key is there twice", place_);
     std::vector<std::size_t>& aFields = template_->pages_[static_cast<std::size_t>(field.nPage) - 1].aFields;
+    template_->by_body_.enter(field.key.body(), nField);
     field.nPosition = aFields.size();
     aFields.push_back(nField);
     template_->fields_.push_back(std::move(field));
@@ -164,11 +167,12 @@ class TemplateReader {
     }
   }
 
-  void check_key_fields() const {
+  void check_key_fields() {
     for (const TemplatePage& page : template_->pages_) {
       if (!page.sKeyField.empty() && template_->find_key(page.sKeyField) == BillTemplate::kNone) {
         fail("the key field " + page.sKeyField + " is no field", "page " + std::to_string(page.nPage));
       }
+      template_->by_body_.enter(page.keyField.body(), template_->find_key(page.sKeyField));
     }
   }
 

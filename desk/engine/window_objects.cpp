@@ -80,7 +80,7 @@ Variant ScreenFieldObject::invoke(Member member, Access access, Arguments args) 
 Variant EntryObject::invoke(Member member, Access access, Arguments args) {
   if (tracing()) trace_call(*this, member, access, args, "Page" + std::to_string(page_));
   switch (member) {
-    case Member::KeyField: return window_->template_->page(page_).sKeyField;
+    case Member::KeyField: return window_->template_->page(page_).keyField;
     case Member::MDKFields:
       if (args.empty()) return Ref<arap::Object>(this);
       [[fallthrough]];
