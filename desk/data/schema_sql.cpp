@@ -103,7 +103,7 @@ CREATE INDEX ix_ICPurchase_No ON ICPurchase (FBillNo, FSupplyID);
 
 // The twins of the settlement and other bills: {partner} is FCustomerID or FSupplyID, {got} Receive or Pay, and so on.
 // FCheckAmount(For) is what other business has settled of the bill. FDiscount is stored as a fraction, FDiscountDsp as
-// the percentage. FPushTypeID other than 0 says that another module made the bill.
+// the percentage. FPushTypeID other than 0 says that another module made the bill. FVersion counts the bill's stores.
 constexpr std::string_view kSettlementTwin = R"sql(
 CREATE TABLE {bill} (
   FBillID INTEGER PRIMARY KEY, FBillNo TEXT NOT NULL UNIQUE, FDate TEXT NOT NULL, {partner} INTEGER NOT NULL DEFAULT 0,
@@ -116,7 +116,7 @@ CREATE TABLE {bill} (
   FSettleIDNo TEXT NOT NULL DEFAULT '', FStatus INTEGER NOT NULL DEFAULT 0, FCheckAmountFor BIGINT NOT NULL DEFAULT 0,
   FCheckAmount BIGINT NOT NULL DEFAULT 0, FDepartmentID INTEGER NOT NULL DEFAULT 0, FEmployeeID INTEGER NOT NULL DEFAULT 0,
   FVoucherID INTEGER NOT NULL DEFAULT 0, FBiller TEXT NOT NULL DEFAULT '', FChecker TEXT NOT NULL DEFAULT '',
-  FCheckDate TEXT NOT NULL DEFAULT '', FPushTypeID INTEGER NOT NULL DEFAULT 0);
+  FCheckDate TEXT NOT NULL DEFAULT '', FPushTypeID INTEGER NOT NULL DEFAULT 0, FVersion INTEGER NOT NULL DEFAULT 0);
 CREATE INDEX ix_{bill} ON {bill} ({partner}, FCurrencyID);
 CREATE TABLE {bill}Entry (
   FID INTEGER PRIMARY KEY, FBillID INTEGER NOT NULL REFERENCES {bill} (FBillID) ON DELETE CASCADE, FIndex INTEGER NOT NULL,

@@ -1,5 +1,7 @@
 #include "engine/bill_data.h"
 
+#include <algorithm>
+
 #include "data/automation_names.h"
 #include "data/trace.h"
 #include "engine/containers.h"
@@ -42,6 +44,15 @@ std::size_t DataRow::position(const Variant& vKey) const {
   return template_->field(nField).nPosition;
 }
 
+void DataRow::forget_marks() {
+  for (Cell& cell : cells_) {
+    cell.pExtras.reset();
+    cell.nModify = 0;
+    cell.nDecimals = -1;
+    cell.bLocked = false;
+  }
+}
+
 Variant DataRow::record(std::size_t nPosition) { return arap::make_object<FieldRecord>(Ref<DataRow>(this), nPosition); }
 
 Variant DataRow::invoke(Member member, Access access, Arguments args) {
@@ -72,7 +83,7 @@ bool FieldRecord::read(const Variant& vKey, Variant* pValue) const {
   const TemplateField& field = row_->field(position_);
   const CellExtras* pExtras = cell.pExtras.get();
   switch (record_key(vKey)) {
-    case RecordKey::Value: *pValue = cell.vValue; return true;
+    case RecordKey::Value: *pValue = cell.value(); return true;
     case RecordKey::Modify: *pValue = cell.nModify; return true;
     case RecordKey::ControlType: *pValue = field.nControlType; return true;
     case RecordKey::Display:
@@ -100,7 +111,7 @@ bool FieldRecord::read(const Variant& vKey, Variant* pValue) const {
 void FieldRecord::write(const Variant& vKey, const Variant& vValue) {
   Cell& cell = row_->cell(position_);
   switch (record_key(vKey)) {
-    case RecordKey::Value: cell.vValue = vValue; return;
+    case RecordKey::Value: row_->put(position_, vValue); return;
     case RecordKey::Modify: cell.nModify = arap::LongOf(vValue); return;
     case RecordKey::ControlType: return;  // the template's, for all rows
     case RecordKey::Display: cell.extras().vDisplay = vValue; return;
@@ -171,6 +182,16 @@ void BodyPage::remove(std::int32_t nRow) {
 
 void BodyPage::remove_first(std::size_t nRows) {
   rows_.erase(rows_.begin(), rows_.begin() + static_cast<std::ptrdiff_t>(nRows));
+}
+
+void BodyPage::forget_marks() {
+  for (const Ref<DataRow>& row : rows_) row->forget_marks();
+}
+
+bool BodyPage::is_as_in_book() const {
+  if (rows_.size() != static_cast<std::size_t>(in_book_.nLastIndex)) return false;
+  std::int32_t nIndex = 0;
+  return std::ranges::all_of(rows_, [&nIndex](const Ref<DataRow>& row) { return row->index_in_book() == ++nIndex; });
 }
 
 Variant BodyPage::invoke(Member member, Access access, Arguments args) {

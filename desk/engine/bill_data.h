@@ -22,16 +22,21 @@ struct CellExtras {
 };
 
 struct Cell {
-  arap::Variant vValue;
   std::unique_ptr<CellExtras> pExtras;
   std::int32_t nModify = 0;
   std::int8_t nDecimals = -1;  // -1: those of the column
   bool bLocked = false;
 
+  /// Written by DataRow::put.
+  const arap::Variant& value() const { return value_; }
   CellExtras& extras() {
     if (!pExtras) pExtras = std::make_unique<CellExtras>();
     return *pExtras;
   }
+
+ private:
+  friend class DataRow;
+  arap::Variant value_;
 };
 
 /// A row of a page, or the head: a Dictionary from field key to field record.
@@ -44,6 +49,16 @@ class DataRow final : public arap::Object {
   Cell& cell(std::size_t nPosition) { return cells_[nPosition]; }
   const Cell& cell(std::size_t nPosition) const { return cells_[nPosition]; }
   std::size_t size() const { return cells_.size(); }
+  /// Every change of a value comes through here: from now on the row isn't the one that the book holds.
+  void put(std::size_t nPosition, arap::Variant vValue) {
+    cells_[nPosition].value_ = std::move(vValue);
+    index_in_book_ = 0;
+  }
+  /// The FIndex under which the book holds a body row with these very values; 0 when it doesn't.
+  std::int32_t index_in_book() const { return index_in_book_; }
+  void stand_in_book(std::int32_t nIndex) { index_in_book_ = nIndex; }
+  /// Takes away what the cells have beside their values, as if the row had just been loaded.
+  void forget_marks();
   const TemplateField& field(std::size_t nPosition) const { return template_->field(page().aFields[nPosition]); }
 
  private:
@@ -54,7 +69,17 @@ class DataRow final : public arap::Object {
 
   std::shared_ptr<const BillTemplate> template_;
   std::int32_t page_;
+  std::int32_t index_in_book_ = 0;
   std::vector<Cell> cells_;
+};
+
+/// What the book held when the body was last read or written: of which bill, after how many stores of it, up to which
+/// FIndex.
+struct BodyInBook {
+  std::int32_t nBillID = 0;
+  std::int32_t nVersion = 0;
+  std::int32_t nLastIndex = 0;
+  friend bool operator==(const BodyInBook&, const BodyInBook&) = default;
 };
 
 /// A field record: the Dictionary face of one cell. It is made for each look and holds nothing itself.
@@ -91,11 +116,18 @@ class BodyPage final : public arap::Object {
   void remove_first(std::size_t nRows);
   void clear() { rows_.clear(); }
   void reserve(std::size_t nRows) { rows_.reserve(nRows); }
+  void forget_marks();
+
+  const BodyInBook& in_book() const { return in_book_; }
+  void set_in_book(const BodyInBook& state) { in_book_ = state; }
+  /// Whether the rows are, one by one, those of the last load or store.
+  bool is_as_in_book() const;
 
  private:
   std::shared_ptr<const BillTemplate> template_;
   std::int32_t page_;
   std::vector<arap::Ref<DataRow>> rows_;
+  BodyInBook in_book_;
 };
 
 }  // namespace desk

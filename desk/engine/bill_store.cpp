@@ -8,6 +8,9 @@ namespace desk {
 
 namespace {
 
+/// Of a body that wasn't read from the bill; no store has it.
+constexpr std::int32_t kNoVersion = -1;
+
 /// The columns that the store gives itself.
 bool is_own_column(const TemplateField& field) {
   return field.sColumn.empty() || arap::EqualsNoCase(field.sColumn, "FBillID") ||
@@ -22,17 +25,32 @@ bool is_kept_by_services(const TemplateField& field) {
   return false;
 }
 
-Bind bind_of(const TemplateField& field, const Cell& cell) {
+Bind bind_of(const TemplateField& field, const Value& vValue) {
   switch (field.kind) {
-    case FieldKind::Money: return Money::from_double(arap::NumberOf(cell.vValue));
+    case FieldKind::Money: return Money::from_double(arap::NumberOf(vValue));
     case FieldKind::Id:
-    case FieldKind::Integer: return arap::LongOf(cell.vValue);
+    case FieldKind::Integer: return arap::LongOf(vValue);
     case FieldKind::Rate:
-    case FieldKind::Percent: return arap::NumberOf(cell.vValue);
+    case FieldKind::Percent: return arap::NumberOf(vValue);
     case FieldKind::Text:
     case FieldKind::Date: break;
   }
-  return arap::Concat(cell.vValue);
+  return arap::Concat(vValue);
+}
+
+/// What bind_of stores, as value_of would read it.
+Value as_stored(const TemplateField& field, const Value& vValue) {
+  if (is_own_column(field)) return vValue;
+  switch (field.kind) {
+    case FieldKind::Money: return Money::from_double(arap::NumberOf(vValue)).to_double();
+    case FieldKind::Id:
+    case FieldKind::Integer: return arap::LongOf(vValue);
+    case FieldKind::Rate:
+    case FieldKind::Percent: return arap::NumberOf(vValue);
+    case FieldKind::Text:
+    case FieldKind::Date: break;
+  }
+  return vValue.is_text() ? vValue : Value(arap::Concat(vValue));
 }
 
 Value value_of(const TemplateField& field, const Value& vStored) {
@@ -43,6 +61,12 @@ Value value_of(const TemplateField& field, const Value& vStored) {
 
 bool is_blank(const Value& vValue) { return arap::Trim(arap::Concat(vValue)).empty(); }
 
+/// Whether the book holds the row of that index already.
+bool stands_at(const std::vector<DataRow*>& aRows, std::int32_t nIndex, const BodyInBook& state) {
+  const auto nRow = static_cast<std::size_t>(nIndex) - 1;
+  return nIndex <= state.nLastIndex && nRow < aRows.size() && aRows[nRow]->index_in_book() == nIndex;
+}
+
 std::string marks(std::size_t nCount) {
   std::string sMarks;
   for (std::size_t i = 0; i < nCount; ++i) sMarks += i == 0 ? "?" : ", ?";
@@ -51,21 +75,27 @@ std::string marks(std::size_t nCount) {
 
 }  // namespace
 
-BillStore::Stored BillStore::save(const DataRow& head, const BodyPage& body, std::int32_t nBillID) {
+BillStore::Stored BillStore::save(const DataRow& head, BodyPage& body, std::int32_t nBillID) {
   Transaction transaction(database_);
   Stored stored{nBillID, {}};
+  BodyInBook state = body.in_book();
   const std::string& sTable = template_.page(1).sTable;
   if (nBillID == 0) {
     stored.nBillID = arap::LongOf(database_.value("SELECT COALESCE(MAX(FBillID), 0) + 1 FROM " + sTable));
     stored.sBillNo = next_number();
     insert_head(head, stored);
+    state = {stored.nBillID, 0, 0};
   } else {
-    update_head(head, nBillID);
+    update_head(head, nBillID, state);
     stored.sBillNo = arap::Concat(database_.value("SELECT FBillNo FROM " + sTable + " WHERE FBillID = ?", {nBillID}));
-    database_.exec("DELETE FROM " + template_.page(2).sTable + " WHERE FBillID = ?", {nBillID});
+    ++state.nVersion;
   }
-  insert_rows(body, stored.nBillID);
+  const std::vector<DataRow*> aRows = used_rows(body);
+  delete_former_rows(aRows, state);
+  insert_rows(aRows, state);
   transaction.commit();
+  note_stored(aRows, state);
+  body.set_in_book({state.nBillID, state.nVersion, static_cast<std::int32_t>(aRows.size())});
   return stored;
 }
 
@@ -90,52 +120,85 @@ void BillStore::insert_head(const DataRow& head, const Stored& stored) {
     const TemplateField& field = head.field(i);
     if (is_own_column(field)) continue;
     sColumns += ", " + field.sColumn;
-    binds.push_back(bind_of(field, head.cell(i)));
+    binds.push_back(bind_of(field, head.cell(i).value()));
   }
   database_.exec("INSERT INTO " + template_.page(1).sTable + " (" + sColumns + ") VALUES (" + marks(binds.size()) + ")",
                  binds);
 }
 
-void BillStore::update_head(const DataRow& head, std::int32_t nBillID) {
-  std::string sSet;
+void BillStore::update_head(const DataRow& head, std::int32_t nBillID, const BodyInBook& state) {
+  std::string sSet = "FVersion = FVersion + 1";
   Binds binds;
   for (std::size_t i = 0; i < head.size(); ++i) {
     const TemplateField& field = head.field(i);
     if (is_own_column(field) || is_kept_by_services(field)) continue;
-    sSet += (sSet.empty() ? "" : ", ") + field.sColumn + " = ?";
-    binds.push_back(bind_of(field, head.cell(i)));
+    sSet += ", " + field.sColumn + " = ?";
+    binds.push_back(bind_of(field, head.cell(i).value()));
   }
   binds.emplace_back(nBillID);
+  binds.emplace_back(state.nBillID == nBillID ? state.nVersion : kNoVersion);
   const std::string& sTable = template_.page(1).sTable;
-  // A bill that was checked meanwhile, by another seat, stays as it was checked.
-  const auto nChanged =
-      database_.exec("UPDATE " + sTable + " SET " + sSet + " WHERE FBillID = ? AND FStatus = 0", binds);
+  // A bill that was stored or checked meanwhile, by another seat, stays as it is: these rows are those of its last
+  // load.
+  const auto nChanged = database_.exec(
+      "UPDATE " + sTable + " SET " + sSet + " WHERE FBillID = ? AND FVersion = ? AND FStatus = 0", binds);
   if (nChanged == 0) {
-    throw DeskError(ErrorKind::Constraint, "单据已被其他用户审核或删除，不能保存。",
+    throw DeskError(ErrorKind::Constraint, "单据已被其他用户修改、审核或删除，不能保存。",
                     sTable + " " + std::to_string(nBillID), "请重新打开单据。");
   }
 }
 
-void BillStore::insert_rows(const BodyPage& body, std::int32_t nBillID) {
+/// The rows that are stored, in the order of their FIndex.
+std::vector<DataRow*> BillStore::used_rows(const BodyPage& body) const {
+  std::vector<DataRow*> aRows;
+  aRows.reserve(body.size());
+  const std::size_t nKeyField = template_.find_key(template_.page(2).sKeyField);
+  for (std::int32_t nRow = 1; DataRow* pRow = body.row(nRow); ++nRow) {
+    const bool bUsed =
+        nKeyField == BillTemplate::kNone || !is_blank(pRow->cell(template_.field(nKeyField).nPosition).value());
+    if (bUsed) aRows.push_back(pRow);
+  }
+  return aRows;
+}
+
+/// Takes away the rows of the book that others take the place of, or none.
+void BillStore::delete_former_rows(const std::vector<DataRow*>& aRows, const BodyInBook& state) {
+  const std::string sSql = "DELETE FROM " + template_.page(2).sTable + " WHERE FBillID = ? AND FIndex = ?";
+  for (std::int32_t nIndex = 1; nIndex <= state.nLastIndex; ++nIndex) {
+    if (!stands_at(aRows, nIndex, state)) database_.exec(sSql, {state.nBillID, nIndex});
+  }
+}
+
+void BillStore::insert_rows(const std::vector<DataRow*>& aRows, const BodyInBook& state) {
   const TemplatePage& page = template_.page(2);
-  std::vector<std::size_t> aPositions;
+  std::vector<const TemplateField*> aFields;
   std::string sColumns = "FBillID, FIndex";
   for (const std::size_t nField : page.aFields) {
     const TemplateField& field = template_.field(nField);
     if (is_own_column(field)) continue;
-    aPositions.push_back(field.nPosition);
+    aFields.push_back(&field);
     sColumns += ", " + field.sColumn;
   }
   const std::string sSql =
-      "INSERT INTO " + page.sTable + " (" + sColumns + ") VALUES (" + marks(aPositions.size() + 2) + ")";
-  const std::size_t nKeyField = template_.find_key(page.sKeyField);
+      "INSERT INTO " + page.sTable + " (" + sColumns + ") VALUES (" + marks(aFields.size() + 2) + ")";
+  Binds binds;
   std::int32_t nIndex = 0;
-  for (std::int32_t nRow = 1; const DataRow* pRow = body.row(nRow); ++nRow) {
-    if (nKeyField != BillTemplate::kNone && is_blank(pRow->cell(template_.field(nKeyField).nPosition).vValue)) continue;
-    Binds binds{nBillID, ++nIndex};
-    for (const std::size_t nPosition : aPositions)
-      binds.push_back(bind_of(pRow->field(nPosition), pRow->cell(nPosition)));
+  for (const DataRow* pRow : aRows) {
+    if (stands_at(aRows, ++nIndex, state)) continue;
+    binds.assign({state.nBillID, nIndex});
+    for (const TemplateField* pField : aFields)
+      binds.push_back(bind_of(*pField, pRow->cell(pField->nPosition).value()));
     database_.exec(sSql, binds);
+  }
+}
+
+/// The window shows what was stored: the values of the rows become those that a load would read.
+void BillStore::note_stored(const std::vector<DataRow*>& aRows, const BodyInBook& state) {
+  std::int32_t nIndex = 0;
+  for (DataRow* pRow : aRows) {
+    if (stands_at(aRows, ++nIndex, state)) continue;
+    for (std::size_t i = 0; i < pRow->size(); ++i) pRow->put(i, as_stored(pRow->field(i), pRow->cell(i).value()));
+    pRow->stand_in_book(nIndex);
   }
 }
 
@@ -151,7 +214,18 @@ std::vector<int> BillStore::columns_of(const Rows& rows, std::int32_t nPage) con
 void BillStore::fill(DataRow& row, const Rows& rows, std::size_t nRow, const std::vector<int>& aColumns) const {
   for (std::size_t i = 0; i < aColumns.size(); ++i) {
     if (aColumns[i] < 0) continue;
-    row.cell(i).vValue = value_of(row.field(i), rows.at(nRow, static_cast<std::size_t>(aColumns[i])));
+    row.put(i, value_of(row.field(i), rows.at(nRow, static_cast<std::size_t>(aColumns[i]))));
+  }
+}
+
+void BillStore::read_rows(const Rows& rows, BodyPage& body) const {
+  const std::vector<int> aColumns = columns_of(rows, 2);
+  body.clear();
+  body.reserve(rows.size());
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    DataRow& row = body.add_row();
+    fill(row, rows, i, aColumns);
+    row.stand_in_book(rows.integer(i, "FIndex"));
   }
 }
 
@@ -159,12 +233,15 @@ bool BillStore::load(std::int32_t nBillID, DataRow& head, BodyPage& body) {
   const Rows heads = database_.query("SELECT * FROM " + template_.page(1).sTable + " WHERE FBillID = ?", {nBillID});
   if (heads.empty()) return false;
   fill(head, heads, 0, columns_of(heads, 1));
+  const std::int32_t nVersion = heads.integer(0, "FVersion");
+  if (body.in_book() == BodyInBook{nBillID, nVersion, body.in_book().nLastIndex} && body.is_as_in_book()) {
+    body.forget_marks();
+    return true;
+  }
   const Rows rows =
       database_.query("SELECT * FROM " + template_.page(2).sTable + " WHERE FBillID = ? ORDER BY FIndex", {nBillID});
-  const std::vector<int> aColumns = columns_of(rows, 2);
-  body.clear();
-  body.reserve(rows.size());
-  for (std::size_t i = 0; i < rows.size(); ++i) fill(body.add_row(), rows, i, aColumns);
+  read_rows(rows, body);
+  body.set_in_book({nBillID, nVersion, rows.empty() ? 0 : rows.integer(rows.size() - 1, "FIndex")});
   return true;
 }
 

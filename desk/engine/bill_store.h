@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "data/database.h"
 #include "engine/bill_data.h"
@@ -19,10 +20,13 @@ class BillStore {
   };
 
   /// Stores a bill in one transaction: nBillID 0 is a new one, which gets an id and the next number. Rows without a
-  /// value in the body's key field aren't stored. Raises DeskError; nothing is half-written then.
-  Stored save(const DataRow& head, const BodyPage& body, std::int32_t nBillID);
+  /// value in the body's key field aren't stored, and rows that the book holds already aren't written again. Raises
+  /// DeskError, also when another seat has stored or checked the bill since the body was read; nothing is half-written
+  /// then.
+  Stored save(const DataRow& head, BodyPage& body, std::int32_t nBillID);
 
-  /// Fills head and body with the stored values. False when there is no such bill.
+  /// Fills head and body with the stored values. False when there is no such bill. The rows of a body that is still the
+  /// book's last one aren't read again.
   bool load(std::int32_t nBillID, DataRow& head, BodyPage& body);
 
   /// The id of the bill of that number; 0 when there is none.
@@ -31,8 +35,12 @@ class BillStore {
  private:
   std::string next_number();
   void insert_head(const DataRow& head, const Stored& stored);
-  void update_head(const DataRow& head, std::int32_t nBillID);
-  void insert_rows(const BodyPage& body, std::int32_t nBillID);
+  void update_head(const DataRow& head, std::int32_t nBillID, const BodyInBook& state);
+  std::vector<DataRow*> used_rows(const BodyPage& body) const;
+  void delete_former_rows(const std::vector<DataRow*>& aRows, const BodyInBook& state);
+  void insert_rows(const std::vector<DataRow*>& aRows, const BodyInBook& state);
+  static void note_stored(const std::vector<DataRow*>& aRows, const BodyInBook& state);
+  void read_rows(const Rows& rows, BodyPage& body) const;
   void fill(DataRow& row, const Rows& rows, std::size_t nRow, const std::vector<int>& aColumns) const;
   std::vector<int> columns_of(const Rows& rows, std::int32_t nPage) const;
 

@@ -98,19 +98,13 @@ void BillWindow::open(const Ref<arap::Object>& oPlugin) {
   fire(Event::MenuBarInitialize, aBar);
 }
 
-void BillWindow::set_default(Cell& cell, const TemplateField& field) {
-  if (field.sDefault.empty()) return;
-  if (field.sDefault == "today") {
-    cell.vValue = host_.sToday;
-  } else if (field.sDefault == "user") {
-    cell.vValue = host_.sUser;
-  } else if (field.kind == FieldKind::Id || field.kind == FieldKind::Integer) {
-    cell.vValue = arap::LongOf(field.sDefault);
-  } else if (field.is_number()) {
-    cell.vValue = arap::NumberOf(field.sDefault);
-  } else {
-    cell.vValue = field.sDefault;
-  }
+Value BillWindow::default_value(const TemplateField& field) const {
+  if (field.sDefault.empty()) return {};
+  if (field.sDefault == "today") return host_.sToday;
+  if (field.sDefault == "user") return host_.sUser;
+  if (field.kind == FieldKind::Id || field.kind == FieldKind::Integer) return arap::LongOf(field.sDefault);
+  if (field.is_number()) return arap::NumberOf(field.sDefault);
+  return field.sDefault;
 }
 
 void BillWindow::new_bill() {
@@ -121,7 +115,7 @@ void BillWindow::new_bill() {
   bill_id_ = 0;
   mode_ = EditMode::New;
   edit_lock_ = true;
-  for (std::size_t i = 0; i < head_->size(); ++i) set_default(head_->cell(i), head_->field(i));
+  for (std::size_t i = 0; i < head_->size(); ++i) head_->put(i, default_value(head_->field(i)));
   fill_look_ups(*head_);
   fire(Event::AfterNewBill);
 }
@@ -130,7 +124,7 @@ bool BillWindow::load_bill(std::int32_t nBillID, bool bReadOnly) {
   Variant aIgnored[] = {nBillID};
   fire(Event::BeforeLoadBill, aIgnored);
   const auto oHead = arap::make_object<DataRow>(template_, 1);
-  const auto oBody = arap::make_object<BodyPage>(template_, 2);
+  const Ref<BodyPage> oBody = body_;
   if (!BillStore(host_.database, *template_).load(nBillID, *oHead, *oBody)) return false;
   reset_screen();
   reset_data();
@@ -183,8 +177,8 @@ void BillWindow::fill_look_ups(DataRow& row) {
   for (std::size_t i = 0; i < row.size(); ++i) {
     const TemplateField& field = row.field(i);
     Cell& cell = row.cell(i);
-    if (!field.lookUp || arap::NumberOf(cell.vValue) == 0) continue;
-    if (const auto item = look_ups_.by_id(*field.lookUp, cell.vValue)) {
+    if (!field.lookUp || arap::NumberOf(cell.value()) == 0) continue;
+    if (const auto item = look_ups_.by_id(*field.lookUp, cell.value())) {
       cell.extras().vDisplay = item->sName;
       cell.extras().vCode = item->sCode;
     }
@@ -214,7 +208,7 @@ DataRow* BillWindow::row_of(std::size_t nField, std::int32_t nRow) const {
 Value BillWindow::value(std::string_view sKey, std::int32_t nRow) const {
   const std::size_t nField = template_->find_key(sKey);
   const DataRow* pRow = row_of(nField, nRow);
-  return pRow == nullptr ? Value() : pRow->cell(template_->field(nField).nPosition).vValue;
+  return pRow == nullptr ? Value() : pRow->cell(template_->field(nField).nPosition).value();
 }
 
 std::string BillWindow::shown(std::string_view sKey, std::int32_t nRow) const {
@@ -226,10 +220,10 @@ std::string BillWindow::shown(std::string_view sKey, std::int32_t nRow) const {
   if (field.lookUp) return cell.pExtras ? arap::Concat(cell.pExtras->vDisplay) : std::string();
   const bool bDecimal =
       field.kind == FieldKind::Money || field.kind == FieldKind::Rate || field.kind == FieldKind::Percent;
-  if (!bDecimal || cell.vValue.is_empty()) return arap::Concat(cell.vValue);
+  if (!bDecimal || cell.value().is_empty()) return arap::Concat(cell.value());
   const int nDecimals = decimals(nField, pRow);
   const std::string sMask = nDecimals == 0 ? "0" : "0." + std::string(static_cast<std::size_t>(nDecimals), '0');
-  return arap::Format(arap::NumberOf(cell.vValue), sMask);
+  return arap::Format(arap::NumberOf(cell.value()), sMask);
 }
 
 std::string BillWindow::code(std::string_view sKey, std::int32_t nRow) const {

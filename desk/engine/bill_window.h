@@ -113,7 +113,7 @@ class BillWindow final : public arap::Object {
   void reset_data();
   void reset_screen();
   void fill_look_ups(DataRow& row);
-  void set_default(Cell& cell, const TemplateField& field);
+  Value default_value(const TemplateField& field) const;
   void give_lock();
   void show_loaded(std::int32_t nBillID, bool bReadOnly);
 

@@ -80,7 +80,7 @@ Variant BillWindow::field_call(Member member, Arguments args) {
       const DataRow* pRow = row_of(nField, arap::LongOf(argument(args, 1)));
       if (pRow == nullptr) return {};
       const Cell& cell = pRow->cell(template_->field(nField).nPosition);
-      if (arap::LongOf(argument(args, 2)) != 2) return cell.vValue;
+      if (arap::LongOf(argument(args, 2)) != 2) return cell.value();
       return cell.pExtras ? Variant(arap::Concat(cell.pExtras->vCode)) : Variant("");
     }
     case Member::SetFieldValue:

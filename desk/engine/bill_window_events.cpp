@@ -57,7 +57,7 @@ bool BillWindow::store_bill() {
   }
   if (bill_id_ == 0) edit_lock_ = false;  // the lock of a new bill was nobody's
   bill_id_ = stored.nBillID;
-  head_->cell(template_->field(template_->find_key("FBillID")).nPosition).vValue = stored.nBillID;
+  head_->put(template_->field(template_->find_key("FBillID")).nPosition, stored.nBillID);
   Variant aIgnored[] = {stored.nBillID};
   fire(Event::AfterSave, aIgnored);
   return load_bill(stored.nBillID);

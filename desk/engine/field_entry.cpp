@@ -69,7 +69,7 @@ Outcome BillWindow::enter(std::size_t nField, std::int32_t nRow, std::string_vie
   Entry entry;
   if (Outcome read = read_entry(nField, sText, entry); !read) return read;
   const Ref<DataRow> row(row_of(nField, nRow));
-  const bool bSame = same_entry(field, row->cell(field.nPosition).vValue, entry.vValue);
+  const bool bSame = same_entry(field, row->cell(field.nPosition).value(), entry.vValue);
   if (!put_entry(nField, nEventRow, *row, std::move(entry))) return Outcome::refused({});
   // A row can go away while its change is heard.
   const bool bStillThere = row_of(nField, nRow) == row.get();
@@ -120,15 +120,15 @@ Outcome BillWindow::read_look_up(std::size_t nField, std::string_view sText, Ent
 bool BillWindow::put_entry(std::size_t nField, std::int32_t nRow, DataRow& row, Entry entry) {
   const TemplateField& field = template_->field(nField);
   const std::pair<const DataRow*, std::size_t> place{&row, nField};
-  if (same_entry(field, row.cell(field.nPosition).vValue, entry.vValue)) return true;
+  if (same_entry(field, row.cell(field.nPosition).value(), entry.vValue)) return true;
   const Ref<DataRow> held(&row);
   Cell& cell = row.cell(field.nPosition);
   CellExtras& extras = cell.extras();
-  const Entry before{cell.vValue, extras.vDisplay, extras.vCode};
+  const Entry before{cell.value(), extras.vDisplay, extras.vCode};
   const std::int32_t nModifyBefore = cell.nModify;
-  extras.vOld = cell.vValue;
+  extras.vOld = cell.value();
   extras.bHasOld = true;
-  cell.vValue = std::move(entry.vValue);
+  row.put(field.nPosition, std::move(entry.vValue));
   extras.vDisplay = std::move(entry.vDisplay);
   extras.vCode = std::move(entry.vCode);
   cell.nModify = 1;
@@ -146,7 +146,7 @@ bool BillWindow::put_entry(std::size_t nField, std::int32_t nRow, DataRow& row, 
   }
   std::erase(changing_, place);
   if (!bCancel) return true;
-  cell.vValue = before.vValue;
+  row.put(field.nPosition, before.vValue);
   cell.extras().vDisplay = before.vDisplay;
   cell.extras().vCode = before.vCode;
   cell.nModify = nModifyBefore;
@@ -162,7 +162,7 @@ void BillWindow::set_text(std::size_t nField, const Variant& vText, std::int32_t
   const Cell& cell = pRow->cell(field.nPosition);
   const std::string sText = arap::Concat(vText);
   const bool bShowsItAlready = cell.pExtras && !sText.empty() && arap::Concat(cell.pExtras->vDisplay) == sText;
-  if (bShowsItAlready || arap::Concat(cell.vValue) == sText) return;
+  if (bShowsItAlready || arap::Concat(cell.value()) == sText) return;
   Entry entry;
   if (field.lookUp && arap::IsNumeric(sText) && arap::NumberText(arap::NumberOf(sText)) == sText) {
     const Value vId = arap::LongOf(sText);
@@ -193,14 +193,15 @@ void BillWindow::run_actions(std::size_t nField, DataRow& row) {
     const auto row_with = [&](std::size_t nOther) { return template_->field(nOther).nPage == 1 ? head_.get() : &row; };
     std::vector<double> aValues;
     for (const std::size_t nOperand : formula.operands()) {
-      aValues.push_back(arap::NumberOf(row_with(nOperand)->cell(template_->field(nOperand).nPosition).vValue));
+      aValues.push_back(arap::NumberOf(row_with(nOperand)->cell(template_->field(nOperand).nPosition).value()));
     }
     DataRow* pTarget = row_with(formula.target());
     if (const auto dResult = formula.evaluate(aValues)) {
-      Cell& cell = pTarget->cell(template_->field(formula.target()).nPosition);
+      const std::size_t nPosition = template_->field(formula.target()).nPosition;
+      Cell& cell = pTarget->cell(nPosition);
       const double dRounded = round_half_away(*dResult, decimals(formula.target(), pTarget));
-      if (!same_value(cell.vValue, dRounded)) {
-        cell.vValue = dRounded;
+      if (!same_value(cell.value(), dRounded)) {
+        pTarget->put(nPosition, dRounded);
         cell.nModify = 1;
       }
     }

@@ -131,7 +131,7 @@ void BillWindow::append_sources(const Rows& rows, const std::vector<std::size_t>
   for (const std::size_t nRow : aChosen) {
     DataRow& row = body_->add_row();
     for (const auto& [nPosition, nColumn] : aColumns) {
-      row.cell(nPosition).vValue = readable(rows, nRow, nColumn);
+      row.put(nPosition, readable(rows, nRow, nColumn));
       row.cell(nPosition).nModify = 1;
     }
     fill_look_ups(row);
