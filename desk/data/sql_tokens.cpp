@@ -18,6 +18,8 @@ class Lexer {
   explicit Lexer(std::string_view sText) : text_(sText) {}
 
   std::vector<SqlToken> run() {
+    constexpr std::size_t kUsualLength = 6;  // of a word with the blank behind it
+    tokens_.reserve(text_.size() / kUsualLength + 1);
     while (skip_blanks()) tokens_.push_back(next());
     return std::move(tokens_);
   }
@@ -118,9 +120,11 @@ class Lexer {
 
 std::vector<SqlToken> join_literals(std::string_view sText, std::vector<SqlToken> tokens) {
   using Kind = SqlToken::Kind;
+  const auto is_plus = [](const SqlToken& token) { return token.kind == Kind::Symbol && token.sText == "+"; };
+  if (std::ranges::none_of(tokens, is_plus)) return tokens;
   std::vector<SqlToken> joined;
   for (std::size_t i = 0; i < tokens.size(); ++i) {
-    const bool bPlus = tokens[i].kind == Kind::Symbol && tokens[i].sText == "+";
+    const bool bPlus = is_plus(tokens[i]);
     const bool bTextBefore = bPlus && !joined.empty() && joined.back().kind == Kind::String;
     const bool bTextAfter = bPlus && i + 1 < tokens.size() && tokens[i + 1].kind == Kind::String;
     if (bTextBefore && bTextAfter) {

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "engine/bill_template.h"
+#include "engine/pooled.h"
 #include "frame/automation.h"
 
 /// The data of an open bill: rows of compact cells, shown to the plug-in as Dictionaries.
@@ -83,7 +84,7 @@ struct BodyInBook {
 };
 
 /// A field record: the Dictionary face of one cell. It is made for each look and holds nothing itself.
-class FieldRecord final : public arap::Object {
+class FieldRecord final : public arap::Object, public Pooled<FieldRecord> {
  public:
   FieldRecord(arap::Ref<DataRow> row, std::size_t nPosition) : row_(std::move(row)), position_(nPosition) {}
   std::string type_name() const override { return "Dictionary"; }

@@ -40,6 +40,7 @@ Bind bind_of(const TemplateField& field, const Value& vValue) {
 
 /// What bind_of stores, as value_of would read it.
 Value as_stored(const TemplateField& field, const Value& vValue) {
+  if (field.sColumn.empty()) return {};
   if (is_own_column(field)) return vValue;
   switch (field.kind) {
     case FieldKind::Money: return Money::from_double(arap::NumberOf(vValue)).to_double();

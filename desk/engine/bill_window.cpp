@@ -176,11 +176,13 @@ void BillWindow::give_lock() {
 void BillWindow::fill_look_ups(DataRow& row) {
   for (std::size_t i = 0; i < row.size(); ++i) {
     const TemplateField& field = row.field(i);
+    if (!field.lookUp) continue;
     Cell& cell = row.cell(i);
-    if (!field.lookUp || arap::NumberOf(cell.value()) == 0) continue;
-    if (const auto item = look_ups_.by_id(*field.lookUp, cell.value())) {
-      cell.extras().vDisplay = item->sName;
-      cell.extras().vCode = item->sCode;
+    const std::int32_t nId = arap::LongOf(cell.value());
+    if (nId == 0) continue;
+    if (const ShownItem* pItem = look_ups_.by_id(*field.lookUp, nId)) {
+      cell.extras().vDisplay = pItem->vName;
+      cell.extras().vCode = pItem->vCode;
     }
   }
 }

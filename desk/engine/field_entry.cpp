@@ -165,9 +165,8 @@ void BillWindow::set_text(std::size_t nField, const Variant& vText, std::int32_t
   if (bShowsItAlready || arap::Concat(cell.value()) == sText) return;
   Entry entry;
   if (field.lookUp && arap::IsNumeric(sText) && arap::NumberText(arap::NumberOf(sText)) == sText) {
-    const Value vId = arap::LongOf(sText);
-    const auto item = look_ups_.by_id(*field.lookUp, vId);
-    if (item) entry = {vId, item->sName, item->sCode};
+    const std::int32_t nId = arap::LongOf(sText);
+    if (const ShownItem* pItem = look_ups_.by_id(*field.lookUp, nId)) entry = {nId, pItem->vName, pItem->vCode};
   }
   if (entry.vValue.is_empty() && !read_entry(nField, sText, entry)) return;
   put_entry(nField, field.nPage == 1 ? -1 : nRow, *pRow, std::move(entry));

@@ -29,13 +29,16 @@ Rows LookUps::select(const LookUpSource& source, const std::string& sCondition, 
   return database_.query(sSql + " ORDER BY " + source.sCodeColumn, all);
 }
 
-std::optional<LookUpItem> LookUps::by_id(const LookUpSource& source, const Value& vId) {
-  const std::string sId = arap::NumberText(vId);
-  const auto [place, bNew] = kept_.try_emplace({source.sTable, sId});
-  if (!bNew) return place->second;
-  const Rows rows = select(source, source.sKeyColumn + " = ?", {Bind(arap::LongOf(vId))}, {});
-  if (!rows.empty()) place->second = item_of(rows, 0);
-  return place->second;
+const ShownItem* LookUps::by_id(const LookUpSource& source, std::int32_t nId) {
+  const auto [place, bNew] = kept_[source.sTable].try_emplace(nId);
+  if (bNew) {
+    const Rows rows = select(source, source.sKeyColumn + " = ?", {Bind(nId)}, {});
+    if (!rows.empty()) {
+      const LookUpItem item = item_of(rows, 0);
+      place->second = ShownItem{item.sName, item.sCode};
+    }
+  }
+  return place->second ? &*place->second : nullptr;
 }
 
 std::optional<LookUpItem> LookUps::by_text(const LookUpSource& source, std::string_view sText,

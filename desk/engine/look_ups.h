@@ -1,10 +1,11 @@
 #pragma once
 
+#include <cstdint>
 #include <map>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <utility>
+#include <unordered_map>
 #include <vector>
 
 #include "data/database.h"
@@ -19,13 +20,20 @@ struct LookUpItem {
   std::string sName;
 };
 
+/// What a cell shows of an item; the texts are shared by all cells that do.
+struct ShownItem {
+  Value vName;
+  Value vCode;
+};
+
 /// Finds base data for the look-up fields. Items found by id are kept until forget(), so that a body of thousands of
 /// rows asks once for each partner and currency.
 class LookUps {
  public:
   explicit LookUps(Database& database) : database_(database) {}
 
-  std::optional<LookUpItem> by_id(const LookUpSource& source, const Value& vId);
+  /// nullptr when there is none.
+  const ShownItem* by_id(const LookUpSource& source, std::int32_t nId);
   /// By exact code, then by name; sFilter is a condition in the words of the plug-in, "" for none.
   std::optional<LookUpItem> by_text(const LookUpSource& source, std::string_view sText, std::string_view sFilter);
   /// All entries under the filter, by code.
@@ -36,7 +44,7 @@ class LookUps {
   Rows select(const LookUpSource& source, const std::string& sCondition, const Binds& binds, std::string_view sFilter);
 
   Database& database_;
-  std::map<std::pair<std::string, std::string>, std::optional<LookUpItem>> kept_;  // by table and id
+  std::map<std::string, std::unordered_map<std::int32_t, std::optional<ShownItem>>> kept_;  // by table and id
 };
 
 }  // namespace desk

@@ -17,11 +17,19 @@ using arap::Variant;
 
 namespace {
 
-Value readable(const Rows& rows, std::size_t nRow, std::size_t nColumn) {
-  const Value& vStored = rows.at(nRow, nColumn);
+bool holds_money(const Rows& rows, std::size_t nColumn) { return is_money_column((*rows.columns())[nColumn]); }
+
+Value readable(const Value& vStored, bool bMoney) {
   if (vStored.is_null()) return {};
-  return is_money_column((*rows.columns())[nColumn]) ? Value(Money::from_stored(vStored).to_double()) : vStored;
+  return bMoney ? Value(Money::from_stored(vStored).to_double()) : vStored;
 }
+
+/// A field of the row and the column of the view that fills it.
+struct FilledField {
+  std::size_t nPosition;
+  std::size_t nColumn;
+  bool bMoney;
+};
 
 Rows rows_of(const Rows& rows, const std::vector<std::size_t>& aChosen) {
   std::vector<Value> cells;
@@ -36,7 +44,9 @@ Rows rows_of(const Rows& rows, const std::vector<std::size_t>& aChosen) {
 
 Value SourceList::value(std::size_t nRow, std::string_view sColumn) const {
   const int nColumn = rows_.find_column(sColumn);
-  return nColumn < 0 ? Value() : readable(rows_, nRow, static_cast<std::size_t>(nColumn));
+  if (nColumn < 0) return {};
+  const auto nFound = static_cast<std::size_t>(nColumn);
+  return readable(rows_.at(nRow, nFound), holds_money(rows_, nFound));
 }
 
 std::string SourceList::text(std::size_t nRow, std::string_view sColumn) const {
@@ -121,18 +131,21 @@ void BillWindow::fill_chosen(const Rows& rows, const std::vector<std::size_t>& a
 }
 
 void BillWindow::append_sources(const Rows& rows, const std::vector<std::size_t>& aChosen) {
-  std::vector<std::pair<std::size_t, std::size_t>> aColumns;  // position in the row, column of the view
+  std::vector<FilledField> aFilled;
   for (const std::size_t nField : template_->page(2).aFields) {
     const TemplateField& field = template_->field(nField);
     const int nColumn = field.sSource.empty() ? -1 : rows.find_column(field.sSource);
-    if (nColumn >= 0) aColumns.emplace_back(field.nPosition, static_cast<std::size_t>(nColumn));
+    if (nColumn < 0) continue;
+    const auto nFound = static_cast<std::size_t>(nColumn);
+    aFilled.push_back({field.nPosition, nFound, holds_money(rows, nFound)});
   }
   look_ups_.forget();
+  body_->reserve(body_->size() + aChosen.size());
   for (const std::size_t nRow : aChosen) {
     DataRow& row = body_->add_row();
-    for (const auto& [nPosition, nColumn] : aColumns) {
-      row.put(nPosition, readable(rows, nRow, nColumn));
-      row.cell(nPosition).nModify = 1;
+    for (const FilledField& each : aFilled) {
+      row.put(each.nPosition, readable(rows.at(nRow, each.nColumn), each.bMoney));
+      row.cell(each.nPosition).nModify = 1;
     }
     fill_look_ups(row);
   }

@@ -1,3 +1,5 @@
+#include <algorithm>
+#include <array>
 #include <cmath>
 #include <limits>
 #include <string>
@@ -67,11 +69,16 @@ void exponent_prefix(PrefixReader reader, std::string& sNumber) {
 }
 
 /// Four decimals below 1E9 have at most thirteen digits: their 15-digit text reads back as the same double.
-bool is_short_decimal(double dValue) {
+constexpr int kShortDecimals = 4;
+constexpr std::array<double, kShortDecimals + 1> kPowersOfTen{1e0, 1e1, 1e2, 1e3, 1e4};
+
+/// True for a value below 1E9 that has at most nDecimals (0 to 4) places behind the point.
+bool is_short_decimal(double dValue, int nDecimals = kShortDecimals) {
   if (!(std::abs(dValue) < 1e9)) return false;
-  const double dScaled = dValue * 1e4;
+  const double dScale = kPowersOfTen[static_cast<std::size_t>(nDecimals)];
+  const double dScaled = dValue * dScale;
   const auto nScaled = static_cast<std::int64_t>(dScaled + std::copysign(0.5, dScaled));
-  return static_cast<double>(nScaled) / 1e4 == dValue;
+  return static_cast<double>(nScaled) / dScale == dValue;
 }
 
 double round_even_in(double dValue, double dLowest, double dHighest) {
@@ -215,6 +222,8 @@ double Divide(double dNumerator, double dDenominator) {
 double Round(double dValue, int nDigits) {
   if (nDigits < 0 || nDigits > 22) throw AutomationError(ErrorNumber::InvalidProcedureCall);
   if (!std::isfinite(dValue)) return dValue;
+  // Nothing to round; the sum takes the sign of a negative zero away.
+  if (is_short_decimal(dValue, std::min(nDigits, kShortDecimals))) return dValue + 0.0;
   // The text has no place behind the point from here on.
   if (std::abs(dValue) >= 1e15) return nDigits == 0 ? std::nearbyint(dValue) : dValue;
   DecimalDigits digits = DigitsOf(dValue);

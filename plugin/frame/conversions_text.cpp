@@ -42,6 +42,8 @@ std::string date_text(Date date) {
 
 std::string TextOf(double dValue) {
   if (dValue == 0) return "0";  // without the sign of a negative zero
+  // A whole number of at most fifteen digits is its own text.
+  if (std::abs(dValue) < 1e15 && dValue == std::trunc(dValue)) return whole_text(static_cast<std::int64_t>(dValue));
   std::array<char, 32> aBuffer{};
   char* const end =
       std::to_chars(aBuffer.data(), aBuffer.data() + aBuffer.size(), dValue, std::chars_format::general, kTextDigits)

@@ -13,6 +13,7 @@ namespace arap {
 struct ModuleState {
   std::string sProps;                                       // last text given to ParsePropsString
   std::vector<std::pair<std::string, std::string>> aProps;  // its pairs, in order
+  bool bPropsRead = false;                                  // aProps are all the pairs of sProps
   std::string sLanguage;                                    // filled by ApplyFormFont
   Ref<Object> oLogin;                                       // a login object handed over by the host, usually none
   Ref<Object> oGLData;                                      // NUVLPCGLView.GLData

@@ -43,12 +43,15 @@ const std::string* placeholder_argument(std::string_view sDigits, std::span<cons
 
 bool ParsePropsString(std::string_view sProps) {
   ModuleState& module = Module();
+  // Every statement of a rule brings the text again, and it is nearly always the same one.
+  if (module.bPropsRead && module.sProps == sProps) return true;
+  module.bPropsRead = false;
   module.sProps = sProps;
   module.aProps.clear();
   std::string_view sRest = module.sProps;
   for (;;) {
     const std::string_view sKey = take_until(sRest, '=');
-    if (sKey.empty()) return true;
+    if (sKey.empty()) return module.bPropsRead = true;
     const std::string_view sValue = take_value(sRest);
     const bool bRepeated = std::any_of(module.aProps.begin(), module.aProps.end(),
                                        [sKey](const auto& pair) { return EqualsNoCase(pair.first, sKey); });

@@ -112,6 +112,16 @@ TEST(DatabaseTest, EveryKindOfValueComesBackAsItWasStored) {
   EXPECT_THROW(rows.at(1, "a"), DeskError);
 }
 
+TEST(DatabaseTest, AQuestionMarkInALiteralIsNoParameterAndAMissingValueIsAnError) {
+  TempBook book;
+  const Rows rows = book.database->query("SELECT 'who? it''s ?' AS a, ? AS b, '?' AS c, ? AS d", {1, "x:p0?"});
+  EXPECT_EQ(rows.text(0, "a"), "who? it's ?");
+  EXPECT_EQ(rows.integer(0, "b"), 1);
+  EXPECT_EQ(rows.text(0, "d"), "x:p0?");
+  EXPECT_THROW(book.database->query("SELECT ? AS a, ? AS b", {1}), DeskError);
+  EXPECT_THROW(book.database->query("SELECT ? AS a", {1, 2}), DeskError);
+}
+
 TEST(DatabaseTest, TheLeastRecentlyUsedStatementLeavesTheCache) {
   TempFolder folder;
   const auto database = Database::create(folder.path("a.db"), {.nBusyTimeoutMs = 100, .nCachedStatements = 3});

@@ -18,6 +18,13 @@ TEST(MoneyTest, ADoubleIsTakenAsTheDecimalItWasWrittenAs) {
   EXPECT_EQ(Money::from_double(1e-300).units, 0);
 }
 
+TEST(MoneyTest, EveryAmountComesBackThroughItsDouble) {
+  for (std::int64_t nUnits = 1; nUnits < 99'999'999'999'999; nUnits = nUnits * 3 + nUnits % 7) {
+    for (const Money amount : {Money{nUnits}, Money{-nUnits}, Money{nUnits + 9'999}})
+      EXPECT_EQ(Money::from_double(amount.to_double()).units, amount.units);
+  }
+}
+
 TEST(MoneyTest, ATextIsReadExactlyOrRefused) {
   EXPECT_EQ(Money::parse("47.07").units, 470700);
   EXPECT_EQ(Money::parse("-0.0001").units, -1);
