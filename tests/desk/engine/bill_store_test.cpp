@@ -160,7 +160,7 @@ TEST(KeyPlacesTest, EveryBodyThatWasEnteredIsFoundAndNoOther) {
   for (std::size_t i = 0; i < aKeys.size(); ++i) {
     const std::size_t* pFound = places.find(aKeys[i].body());
     ASSERT_EQ(pFound != nullptr, i % 2 == 0) << i;
-    if (pFound != nullptr) EXPECT_EQ(*pFound, i) << "a body that is there keeps its number";
+    EXPECT_EQ(pFound == nullptr ? i : *pFound, i) << "a body that is there keeps its number";
   }
   EXPECT_EQ(places.find(nullptr), nullptr);
 }

@@ -23,8 +23,8 @@ class WindowFailure : public BillWorld {
     const auto place = [&bill](std::string_view sKey) { return bill.field(bill.find_key(sKey)).nPosition; };
     for (std::int32_t n = 1; n <= 400; ++n) {
       DataRow& row = window->body().add_row();
-      row.cell(place(bill.page(2).sKeyField)).vValue = n;
-      row.cell(place(GetParam().sNumber)).vValue = "INV" + std::to_string(n);
+      row.put(place(bill.page(2).sKeyField), n);
+      row.put(place(GetParam().sNumber), "INV" + std::to_string(n));
     }
   }
   std::int32_t pragma(const std::string& sName) { return arap::LongOf(database->value("PRAGMA " + sName)); }
@@ -64,7 +64,8 @@ TEST_P(WindowFailure, AnUnknownFieldIsRefusedToTheUserAndNothingToThePlugin) {
 TEST_P(WindowFailure, AFailureOfTheBookReachesThePluginAsAnAutomationError) {
   fill_bill();
   ASSERT_TRUE(window->save());
-  database->exec_script(std::string("DROP TABLE ") + GetParam().sTable + "Entry");
+  // A load asks for the head first; rows that the window has from its own store aren't read again.
+  database->exec_script(std::string("DROP TABLE ") + GetParam().sTable + "Entry; DROP TABLE " + GetParam().sTable);
   std::string sHeard;
   plugin->handlers[Event::MenuBarClick] = [&](arap::Arguments) {
     try {
