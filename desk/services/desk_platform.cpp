@@ -12,6 +12,9 @@ namespace desk {
 
 namespace {
 
+// The buttons among the bits of a box's style, and those of a question.
+constexpr int kButtonMask = 15;
+constexpr int kYesNo = 4;
 constexpr int kReadOnly = 1;
 constexpr int kArchive = 32;
 constexpr int kFileNotFound = 53;
@@ -37,7 +40,7 @@ int DeskPlatform::MsgBox(std::string_view sText, int nButtons, std::string_view 
 }
 
 int DeskPlatform::answer(const ShownMessage& message) {
-  const bool bQuestion = message.nButtons == arap::kQuestion;
+  const bool bQuestion = (message.nButtons & kButtonMask) == kYesNo;
   if (bQuestion && !answers_.empty()) {
     const int nAnswer = answers_.front();
     answers_.pop_front();

@@ -39,6 +39,7 @@ Session::Session(Database& database, std::string_view sUserName)
   register_system_values(*this);
   register_settlement_services(*this);
   register_vouchers(*this);
+  register_type_service(*this);
   register_small_services(*this);
   activate();
 }

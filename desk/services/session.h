@@ -62,6 +62,7 @@ void register_general_ledger(Session& session);
 void register_system_values(Session& session);
 void register_settlement_services(Session& session);
 void register_vouchers(Session& session);
+void register_type_service(Session& session);
 void register_small_services(Session& session);
 
 }  // namespace desk

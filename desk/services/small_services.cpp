@@ -90,12 +90,6 @@ void register_small_services(Session& session) {
   });
   registry.add("NUVDisplayer.DispBuilder",
                [&session] { return Ref<arap::Object>(arap::make_object<ResultGrid>(session)); });
-  registry.add("NUVlpsArApBill.clsInOutType", [&database] {
-    return make_component("clsInOutType", {{Member::GetRPInOutTypeInfo, [&database](Arguments) {
-                                              return Variant(make_recordset(
-                                                  database.query("SELECT * FROM t_RP_InOutType ORDER BY FNumber")));
-                                            }}});
-  });
 }
 
 }  // namespace desk

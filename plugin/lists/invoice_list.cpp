@@ -107,7 +107,7 @@ void clsInvoice::m_LstInterface_MenuBarClick(const Tool& oTool) {
 
 std::int32_t clsInvoice::SelectedBill() const {
   const Vector oRows = List().SelectedRows();
-  if (oRows.UBound() <= 0) return 0;
+  if (oRows.IsNothing() || oRows.UBound() <= 0) return 0;
   const Variant vRecord = Dictionary(oRows.Item(1)).Value("FInterId"_key);
   // A list that keeps plain values in its rows is served as well.
   return LongOf(vRecord.is_object() ? Dictionary(vRecord).Value("FFLD"_key) : vRecord);

@@ -23,6 +23,13 @@ TEST_F(Boxes, AreKeptInOrderWithTheirAnswers) {
 
 TEST_F(Boxes, AQuestionThatNobodyAnswersIsANo) { EXPECT_EQ(platform.MsgBox("sure?", arap::kQuestion, ""), kButtonNo); }
 
+TEST_F(Boxes, AQuestionIsKnownByItsButtonsWhateverItsSign) {
+  for (const int nStyle : {arap::kQuestion, arap::kQuestionAsNotice}) {
+    platform.queue_answer(kButtonYes);
+    EXPECT_EQ(platform.MsgBox("sure?", nStyle, ""), kButtonYes);
+  }
+}
+
 TEST_F(Boxes, AskTheUserWhenNoAnswerIsQueued) {
   platform.set_ask_user([](const ShownMessage& message) { return message.sText == "sure?" ? kButtonYes : kButtonOk; });
   EXPECT_EQ(platform.MsgBox("sure?", arap::kQuestion, ""), kButtonYes);
