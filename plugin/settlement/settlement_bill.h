@@ -146,8 +146,8 @@ class SettlementBill : public ListedBillClass {
   void SaveSettleFields();
 
   // --- batch_operation ---
-  /// Message and log by the service's code; another code than -1, 0 and 1 has neither.
-  void ReportOperation(std::int16_t nCode, const std::string& sVerb, const Dictionary& oAnswer, Variant& vMessage);
+  /// The action log by the service's code; another code than -1, 0 and 1 has none.
+  void LogOperation(std::int16_t nCode, const std::string& sText) const;
 
   // --- source_selection ---
   void m_BillInterface_BeforeSelBills(std::int32_t nBillType, const Ref<Object>& oQuery, Variant& vFilter);
