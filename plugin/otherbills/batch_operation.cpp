@@ -5,25 +5,6 @@
 /// One operation on one bill by its id, from a list or from outside a window.
 namespace arap {
 
-namespace {
-
-/// An optional by-reference argument: the caller's own, or a value that nobody looks at.
-Variant& OwnArgument(Arguments args, std::size_t nIndex, Variant& vDefault) {
-  return nIndex < args.size() && !args[nIndex].is_missing() ? args[nIndex] : vDefault;
-}
-
-}  // namespace
-
-Variant OtherBill::invoke(Member member, Access access, Arguments args) {
-  if (member != Member::DoOptToBill || access == Access::Put || access == Access::PutRef) {
-    return ListedBillClass::invoke(member, access, args);
-  }
-  Variant vCode = std::int16_t{0};
-  Variant vDesc = "";
-  return DoOptToBill(ToLong(argument(args, 0)), ToLong(argument(args, 1)), ToLong(argument(args, 2)),
-                     OwnArgument(args, 3, vCode), OwnArgument(args, 4, vDesc));
-}
-
 bool OtherBill::DoOptToBill(std::int32_t nTransType, std::int32_t nInterID, std::int32_t nCheckType, Variant& vCode,
                             Variant& vMessage) {
   const OperationRules rules{GetTaskCode(nCheckType), side_.sBillService,

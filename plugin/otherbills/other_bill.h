@@ -17,14 +17,6 @@ namespace arap {
 /// open against a partner. One class for both sides; what differs is read from the side. Partner means customer or
 /// supplier.
 class OtherBill : public ListedBillClass {
- public:
-  Variant invoke(Member member, Access access, Arguments args) override;
-
-  /// Deletes (0), checks (1) or unchecks (2) one bill under a task and writes the action log. vCode becomes the
-  /// service's code, vMessage the text for the user; true exactly for code 0. Raises nothing: an error is a message.
-  bool DoOptToBill(std::int32_t nTransType, std::int32_t nInterID, std::int32_t nCheckType, Variant& vCode,
-                   Variant& vMessage);
-
  protected:
   /// Fetches the income and expense types; passes on what that raises.
   explicit OtherBill(const OtherBillSide& side);
@@ -32,6 +24,9 @@ class OtherBill : public ListedBillClass {
 
   std::string_view GetTaskCode(int nIndex) const override;
   void OnBillEvent(Event event, Arguments args) override;
+  void OnListEvent(Event event, Arguments args) override;
+  bool DoOptToBill(std::int32_t nTransType, std::int32_t nInterID, std::int32_t nCheckType, Variant& vCode,
+                   Variant& vMessage) override;
 
   const OtherBillSide& side_;
 
