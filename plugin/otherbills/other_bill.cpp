@@ -28,8 +28,8 @@ void OtherBill::OnBillEvent(Event event, Arguments args) {
     case Event::Change:
       return m_BillInterface_Change(FieldInfo(argument(args, 0)), FieldRecord(argument(args, 1)), argument(args, 4));
     case Event::HeadCtlLostFocus: return m_BillInterface_HeadCtlLostFocus(ObjectArgument<FieldInfo>(args, 1));
-    case Event::BeforeSave:
-    case Event::AfterSave:
+    case Event::BeforeSave: return m_BillInterface_BeforeSave(argument(args, 0));
+    case Event::AfterSave: return m_BillInterface_AfterSave();
     case Event::BeforeLoadBill:
     case Event::BeforLoadBillFillData:
     case Event::AfterNewEmptyData:
