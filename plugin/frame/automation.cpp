@@ -48,6 +48,13 @@ AutomationError::AutomationError(ErrorNumber number, std::string_view sDetail)
     : AutomationError(static_cast<std::int32_t>(number), "NUVARAPBillInterface",
                       with_detail(description_of(number), sDetail)) {}
 
+void Object::end() noexcept {
+  // A reference that is taken and given back while the object ends must not end it again.
+  constexpr std::int32_t kEnding = 1 << 30;
+  references_ = kEnding;
+  delete this;
+}
+
 void Object::no_such_member(Member member) const {
   throw AutomationError(ErrorNumber::NoSuchMember, type_name() + "." + std::string(name_of(member)));
 }

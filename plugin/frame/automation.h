@@ -100,7 +100,7 @@ class Object {
 
   void add_reference() noexcept { ++references_; }
   void release_reference() noexcept {
-    if (--references_ == 0) delete this;
+    if (--references_ == 0) end();
   }
 
  protected:
@@ -114,6 +114,10 @@ class Object {
     std::array<Variant, sizeof...(A)> values{Variant(std::forward<A>(args))...};
     return invoke(member, access, values);
   }
+
+  /// Out of line: GCC 12 loses the decrement above when it sees the count written again behind it and an exception is
+  /// under way.
+  void end() noexcept;
 
   std::int32_t references_ = 0;
 };

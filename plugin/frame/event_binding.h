@@ -1,5 +1,6 @@
 #pragma once
 
+#include <concepts>
 #include <cstddef>
 #include <vector>
 
@@ -65,7 +66,15 @@ class EventMember final : private EventSink {
   const Ref<Object>& source() const { return source_; }
 
  private:
-  void on_event(Event event, Arguments args) override { (owner_.*handler_)(event, args); }
+  void on_event(Event event, Arguments args) override {
+    if constexpr (std::derived_from<Owner, Object>) {
+      // The host may release the owner from inside the event: it lives to the end of its handler.
+      const Ref<Owner> alive(&owner_);
+      (owner_.*handler_)(event, args);
+    } else {
+      (owner_.*handler_)(event, args);
+    }
+  }
 
   Owner& owner_;
   Handler handler_;

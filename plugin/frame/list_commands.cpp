@@ -46,14 +46,12 @@ class ResultGrid {
 
 }  // namespace
 
-std::optional<Variant> SelectedValue(const Variant& vRow, Key sColumn) {
+std::optional<Variant> SelectedBillId(const Variant& vRow) {
   const Dictionary oRow(vRow);
-  if (!oRow.Lookup(sColumn)) return std::nullopt;
-  const Variant vValue = oRow.Value(sColumn);
-  return vValue.is_object() ? FieldRecord(vValue).Value("FFLD"_key) : vValue;
+  if (!oRow.Lookup("FBillID"_key)) return std::nullopt;
+  const Variant vBillID = oRow.Value("FBillID"_key);
+  return vBillID.is_object() ? FieldRecord(vBillID).Value("FFLD"_key) : vBillID;
 }
-
-std::optional<Variant> SelectedBillId(const Variant& vRow) { return SelectedValue(vRow, "FBillID"_key); }
 
 bool IsSelectionEmpty(const Vector& oRows) { return oRows.IsNothing() || oRows.LBound() == 0; }
 

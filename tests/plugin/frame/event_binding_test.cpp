@@ -233,5 +233,61 @@ TEST(EventMember, MayClearItselfWhileItHearsAnEvent) {
   EXPECT_EQ(leaver.heard, 1);
 }
 
+/// Lets go of its last reference while it hears an event, and notes when it ends.
+class Released final : public Object {
+ public:
+  explicit Released(std::vector<std::string>& aLog) : log(aLog), member(*this, &Released::OnEvent) {}
+  std::string type_name() const override { return "Released"; }
+  Variant invoke(Member asked, Access, Arguments) override { no_such_member(asked); }
+  void OnEvent(Event, Arguments) {
+    *holder = nullptr;
+    log.push_back("handler");
+  }
+  std::vector<std::string>& log;
+  Ref<Released>* holder = nullptr;
+  EventMember<Released> member;
+
+ protected:
+  ~Released() override {
+    // What a terminator hands out and gets back.
+    { const Ref<Released> passed(this); }
+    log.push_back("end");
+  }
+};
+
+TEST(EventMember, AnOwnerWhoseHandlerFailedEndsWithItsLastReference) {
+  class Failing final : public Object {
+   public:
+    explicit Failing(bool& bEnded) : ended(bEnded), member(*this, &Failing::OnEvent) {}
+    std::string type_name() const override { return "Failing"; }
+    Variant invoke(Member asked, Access, Arguments) override { no_such_member(asked); }
+    void OnEvent(Event, Arguments) { throw AutomationError(ErrorNumber::Overflow); }
+    bool& ended;
+    EventMember<Failing> member;
+
+   protected:
+    ~Failing() override { ended = true; }
+  };
+  const auto oSource = make_object<Source>();
+  bool bEnded = false;
+  auto owner = make_object<Failing>(bEnded);
+  owner->member.set(oSource);
+  EXPECT_THROW(oSource->events.fire(Event::AfterLoadBill, {}), AutomationError);
+  EXPECT_FALSE(bEnded);
+  owner = nullptr;
+  EXPECT_TRUE(bEnded);
+}
+
+TEST(EventMember, ItsOwnerLivesToTheEndOfTheHandlerInWhichItIsReleased) {
+  const auto oSource = make_object<Source>();
+  std::vector<std::string> log;
+  auto owner = make_object<Released>(log);
+  owner->holder = &owner;
+  owner->member.set(oSource);
+  oSource->events.fire(Event::AfterLoadBill, {});
+  EXPECT_EQ(log, (std::vector<std::string>{"handler", "end"}));
+  EXPECT_EQ(oSource->events.size(), 0u);
+}
+
 }  // namespace
 }  // namespace arap
