@@ -12,6 +12,8 @@ namespace {
 
 constexpr HRESULT kRuntimeErrors = static_cast<HRESULT>(0x800A0000);
 constexpr std::int32_t kLargestRuntimeError = 0xFFFF;
+/// An automation error that doesn't say which.
+constexpr std::int32_t kUnspecified = 440;
 
 struct KnownCode {
   HRESULT code;
@@ -108,7 +110,8 @@ HRESULT code_of(const AutomationError& error) {
 AutomationError error_of(HRESULT code, EXCEPINFO* info) {
   if (code != DISP_E_EXCEPTION || info == nullptr) return plain_error(code);
   if (info->pfnDeferredFillIn != nullptr) info->pfnDeferredFillIn(info);
-  const HRESULT inner = info->scode != 0 ? info->scode : kRuntimeErrors | info->wCode;
+  const HRESULT inner =
+      info->scode != 0 ? info->scode : kRuntimeErrors | (info->wCode != 0 ? info->wCode : kUnspecified);
   const AutomationError plain = plain_error(inner);
   std::string sSource = to_utf8(info->bstrSource);
   std::string sDescription = to_utf8(info->bstrDescription);

@@ -38,6 +38,7 @@ HRESULT EventSinkObject::GetIDsOfNames(REFIID, LPOLESTR* names, UINT nNames, LCI
 
 HRESULT EventSinkObject::Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* params, VARIANT*, EXCEPINFO* info, UINT*) {
   if (params == nullptr) return E_POINTER;
+  if (!apartment_.is_here()) return RPC_E_WRONG_THREAD;
   const Function* const function = events_->find(id, INVOKE_FUNC);
   if (sink_ == nullptr || function == nullptr || !function->event) return S_OK;
   // An error object left over on the thread would be taken for one of this call.

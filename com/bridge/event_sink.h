@@ -33,6 +33,7 @@ class EventSinkObject final : public IDispatch {
 
   LiveObject live_;
   ShareCount shares_;
+  Apartment apartment_;
   EventSink* sink_;
   std::shared_ptr<const TypeShape> events_;
 };

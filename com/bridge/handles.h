@@ -151,4 +151,14 @@ class ShareCount {
   LONG count_ = 1;
 };
 
+/// The apartment that an object belongs to, which is its maker's thread. COM calls no other way; a caller that passes a
+/// raw pointer to another thread gets RPC_E_WRONG_THREAD instead of a torn state.
+class Apartment {
+ public:
+  bool is_here() const noexcept { return thread_ == GetCurrentThreadId(); }
+
+ private:
+  DWORD thread_ = GetCurrentThreadId();
+};
+
 }  // namespace arap::com

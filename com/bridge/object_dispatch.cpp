@@ -183,6 +183,7 @@ HRESULT ObjectDispatch::GetIDsOfNames(REFIID, LPOLESTR* names, UINT nNames, LCID
 
 HRESULT ObjectDispatch::Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* params, VARIANT* answer,
                                EXCEPINFO* info, UINT* pnBad) {
+  if (!apartment_.is_here()) return RPC_E_WRONG_THREAD;
   return invoke_object(*object_.get(), shape(), id, flags, params, answer, info, pnBad);
 }
 

@@ -71,6 +71,7 @@ class ObjectDispatch final : public IDispatch,
 
   LiveObject live_;
   ShareCount shares_;
+  Apartment apartment_;
   BridgeUse use_;
   Ref<Object> object_;
   std::shared_ptr<const ExposedType> type_;

@@ -7,6 +7,7 @@
 #include "bridge/dispatch_object.h"
 #include "bridge/errors.h"
 #include "bridge/wide_text.h"
+#include "frame/conversions.h"
 
 namespace arap::com {
 
@@ -180,6 +181,12 @@ HRESULT convert(VARIANT& value, VARTYPE type) {
 }
 
 HRESULT to_com_as(const Variant& vValue, VARTYPE type, VARIANT& out) {
+  // Numbers, dates and booleans have one text in this library, which isn't that of the user's settings.
+  const bool bToText = type == VT_BSTR && !vValue.is_object() && !vValue.is_null() && !vValue.is_missing();
+  if (bToText && !vValue.is_text()) {
+    to_com(Variant(TextOf(vValue)), out);
+    return S_OK;
+  }
   to_com(vValue, out);
   const HRESULT converted = convert(out, type);
   if (FAILED(converted)) VariantClear(&out);

@@ -59,6 +59,7 @@ class PublicObject : public I, public ISupportErrorInfo, public IProvideClassInf
   }
   HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* params, VARIANT* answer,
                                    EXCEPINFO* info, UINT* pnBad) final {
+    if (!apartment_.is_here()) return RPC_E_WRONG_THREAD;
     return invoke_object(*object_.get(), shape_.get(), id, flags, params, answer, info, pnBad);
   }
 
@@ -86,6 +87,7 @@ class PublicObject : public I, public ISupportErrorInfo, public IProvideClassInf
   /// Runs a method of the vtable; an exception becomes its code and the thread's error object.
   template <class Body>
   HRESULT guarded(Body&& body) noexcept {
+    if (!apartment_.is_here()) return RPC_E_WRONG_THREAD;
     // An error object left over on the thread would be taken for one of this call.
     SetErrorInfo(0, nullptr);
     try {
@@ -108,6 +110,7 @@ class PublicObject : public I, public ISupportErrorInfo, public IProvideClassInf
 
   LiveObject live_;
   ShareCount shares_;
+  Apartment apartment_;
   BridgeUse use_;
   Ref<Object> object_;
   ComPtr<ITypeInfo> info_;

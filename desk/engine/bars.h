@@ -25,7 +25,6 @@ class BarTool final : public arap::Object {
   std::string sCaption;
   std::string sDescription;
   std::string sShortText;
-  std::string sCategory;
   std::int32_t nStyle = 0;
   std::int32_t nToolId = 0;
   std::int32_t nColourKey = 0;
@@ -53,7 +52,6 @@ class BarBand final : public arap::Object {
   std::string sName;
   std::string sCaption;
   bool bVisible = true;
-  bool bEnabled = true;
   std::vector<arap::Ref<BarTool>> aTools;
 
  private:
