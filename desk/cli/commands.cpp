@@ -160,6 +160,18 @@ void add_bench(CLI::App& app, Choices& choices) {
   settle->add_option("--folder", choices.sFolder, "Where the book of the measurement lies");
 }
 
+void add_open(CLI::App& app, Choices& choices) {
+  CLI::App* command = app.add_subcommand("open", "Work on a book in windows");
+  command->add_option("BOOK", choices.sBook, "File of the book")->required();
+  command->add_option("--user", choices.sUser, "Who is logged in; the book's first user by default");
+  command->add_option("--today", choices.sToday, "Date of new bills, yyyy-mm-dd; the system's date by default");
+}
+
+int open_windows(const Choices& choices, const OpenDesk& open_desk) {
+  const auto database = Database::open(choices.sBook);
+  return open_desk(*database, choices.sUser.empty() ? first_user(*database) : choices.sUser, today_of(choices));
+}
+
 int dispatch(const CLI::App& app, const Choices& choices, std::ostream& out, std::ostream& err) {
   if (app.got_subcommand("new")) return new_book(choices, out);
   if (app.got_subcommand("import")) return import_file(choices, out, err);
@@ -183,7 +195,7 @@ int told(std::ostream& err, std::string sText, ExitCode code) {
 
 }  // namespace
 
-int run_command_line(std::vector<std::string> args, std::ostream& out, std::ostream& err) {
+int run_command_line(std::vector<std::string> args, std::ostream& out, std::ostream& err, const OpenDesk& open_desk) {
   CLI::App app("desk: a small receivables and payables office on the command line", "desk");
   app.require_subcommand(1);
   app.footer("Exit codes: 0 done, 1 refused or not as expected, 2 wrong use, 3 bad data or file.");
@@ -193,9 +205,11 @@ int run_command_line(std::vector<std::string> args, std::ostream& out, std::ostr
   add_play(app, choices);
   add_show(app, choices);
   add_bench(app, choices);
+  if (open_desk) add_open(app, choices);
   try {
     std::reverse(args.begin(), args.end());  // the parser takes them from the back
     app.parse(args);
+    if (open_desk && app.got_subcommand("open")) return open_windows(choices, open_desk);
     return dispatch(app, choices, out, err);
   } catch (const CLI::Success& success) {
     return app.exit(success, out, err);

@@ -27,6 +27,7 @@ class SourceList {
   SourceList(const Rows& rows, std::int32_t nType) : rows_(rows), type_(nType) {}
   std::size_t size() const { return rows_.size(); }
   std::int32_t type() const { return type_; }
+  bool has_column(std::string_view sColumn) const { return rows_.find_column(sColumn) >= 0; }
   /// A value as the user sees it: amounts in units of the currency. Empty for a column that the view lacks.
   Value value(std::size_t nRow, std::string_view sColumn) const;
   std::string text(std::size_t nRow, std::string_view sColumn) const;

@@ -66,6 +66,17 @@ std::vector<std::int32_t> TaskMutex::tasks_of(std::string_view sFunction, std::i
   return aTasks;
 }
 
+std::optional<TaskHolder> TaskMutex::holder_of(std::string_view sFunction, std::int32_t nRecord) {
+  const Seat seat = seat_();
+  const Rows rows = database_.query(
+      "SELECT FUser, FMachine, FSince FROM t_Task WHERE FFunction LIKE ? AND FExtra LIKE ?"
+      " AND NOT (FMachine = ? AND FProcess = ?) ORDER BY FTaskID LIMIT 1",
+      {Bind(std::string(bill_of(sFunction)) + "_"), Bind("%" + record_mark(nRecord) + "%"), Bind(seat.sMachine),
+       Bind(seat.nProcess)});
+  if (rows.empty()) return std::nullopt;
+  return TaskHolder{rows.text(0, "FUser"), rows.text(0, "FMachine"), rows.text(0, "FSince")};
+}
+
 void TaskMutex::release_all() {
   const Seat seat = seat_();
   database_.exec("DELETE FROM t_Task WHERE FMachine = ? AND FProcess = ?", {Bind(seat.sMachine), Bind(seat.nProcess)});

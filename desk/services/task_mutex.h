@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -18,6 +19,13 @@ struct Seat {
   std::string sUser;
 };
 
+/// Who holds a task, and since when (ISO date and time of that machine).
+struct TaskHolder {
+  std::string sUser;
+  std::string sMachine;
+  std::string sSince;
+};
+
 /// The cross-seat lock, kept in the book so that every seat sees it. A task names a function and the records it guards;
 /// without a record it guards the function as a whole.
 class TaskMutex {
@@ -32,6 +40,8 @@ class TaskMutex {
   bool commit(std::int32_t nTaskID);
   /// This seat's tasks of a function on a record.
   std::vector<std::int32_t> tasks_of(std::string_view sFunction, std::int32_t nRecord);
+  /// The other seat that holds a function of the same bill on a record; nothing when none does.
+  std::optional<TaskHolder> holder_of(std::string_view sFunction, std::int32_t nRecord);
   void release_all();
 
  private:

@@ -1,0 +1,226 @@
+#include "windows/bill_view.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QToolBar>
+#include <QVBoxLayout>
+
+#include "frame/contract_bill.h"
+#include "frame/conversions.h"
+#include "windows/captions.h"
+#include "windows/focus_keeper.h"
+#include "windows/print_bill.h"
+#include "windows/qt_text.h"
+#include "windows/selection_dialog.h"
+#include "windows/states.h"
+#include "windows/text_dialog.h"
+#include "windows/typed_text.h"
+
+namespace desk {
+
+namespace {
+
+constexpr std::string_view kToolBand = "BandToolBar";
+constexpr std::int32_t kFirstPanel = 1;
+constexpr std::int32_t kLastPanel = 8;
+
+CurrencyNames currency_names(Database& database) {
+  CurrencyNames names;
+  const Rows rows = database.query("SELECT FCurrencyID, FName FROM t_Currency");
+  for (std::size_t i = 0; i < rows.size(); ++i) names[arap::LongOf(rows.at(i, 0))] = qt(arap::Concat(rows.at(i, 1)));
+  return names;
+}
+
+}  // namespace
+
+BillView::BillView(DeskSeat& seat, const std::string& sTemplate, QWidget* pParent)
+    : QWidget(pParent), seat_(seat), template_(sTemplate) {
+  Host host = seat_host(seat_.session, seat_.sToday);
+  host.trace = &seat_.log;
+  host.choose_sources = [this](const SourceList& list) { return choose_sources(list); };
+  window_ = open_bill_window(std::move(host), BillTemplate::shipped(sTemplate));
+  window_->new_bill();
+  build();
+}
+
+BillView::~BillView() = default;
+
+void BillView::build() {
+  auto* pLayout = new QVBoxLayout(this);
+  pLayout->setContentsMargins(0, 0, 0, 0);
+  pLayout->setSpacing(0);
+  auto* pMenus = new QMenuBar(this);
+  pMenus->setNativeMenuBar(false);
+  auto* pTools = new QToolBar(this);
+  pTools->setToolButtonStyle(Qt::ToolButtonTextOnly);
+  head_ = new HeadForm(
+      *window_, [this](const std::string& sKey, const QString& sText) { return enter(sKey, arap::kHead, sText); },
+      this);
+  model_ = new BodyModel(
+      *window_, [this](const std::string& sKey, int nRow, const QString& sText) { return enter(sKey, nRow, sText); },
+      this);
+  body_ = new BodyGrid(
+      *model_, [this](const std::string& sKey) { return window_->choices(sKey); }, this);
+  bars_ = new BarView(
+      window_->bar(), std::string(kToolBand), *pMenus, *pTools, [this](const std::string& sTool) { press(sTool); },
+      this);
+  auto* pStatus = new QWidget(this);
+  auto* pStatusLine = new QHBoxLayout(pStatus);
+  pStatusLine->setContentsMargins(8, 2, 8, 2);
+  message_ = new QLabel(pStatus);
+  message_->setObjectName(QStringLiteral("message"));
+  panels_ = new QLabel(pStatus);
+  state_ = new QLabel(pStatus);
+  pStatusLine->addWidget(message_, 1);
+  pStatusLine->addWidget(panels_);
+  pStatusLine->addWidget(state_);
+  for (QWidget* pPart : {static_cast<QWidget*>(pMenus), static_cast<QWidget*>(pTools), static_cast<QWidget*>(head_)})
+    pLayout->addWidget(pPart);
+  pLayout->addWidget(body_, 1);
+  pLayout->addWidget(pStatus);
+  connect(head_, &HeadForm::field_entered, this,
+          [this](const QString& sKey) { window_->focus(utf8(sKey), arap::kHead); });
+  connect(head_, &HeadForm::refused, this, [this](const QString& sReason) { say(sReason, true); });
+  connect(head_, &HeadForm::left, body_, [this] { body_->setFocus(Qt::TabFocusReason); });
+  connect(body_, &BodyGrid::cell_entered, this,
+          [this](const QString& sKey, int nRow) { window_->focus(utf8(sKey), nRow); });
+  connect(body_, &BodyGrid::refused, this, [this](const QString& sReason) { say(sReason, true); });
+}
+
+void BillView::new_bill() {
+  run(words("新单据"), [this] {
+    window_->new_bill();
+    return Outcome::done();
+  });
+}
+
+bool BillView::open_bill(std::int32_t nBillID) {
+  return run(words("打开"), [this, nBillID] {
+    return window_->load_bill(nBillID) ? Outcome::done() : Outcome::refused("单据不存在，可能已被删除。");
+  });
+}
+
+bool BillView::shows(const std::string& sTemplate, std::int32_t nBillID) const {
+  return sTemplate == template_ && window_->bill_id() == nBillID;
+}
+
+void BillView::focus_first_field() {
+  if (FieldEdit* pEdit = head_->edit(window_->bill().sPartnerField)) pEdit->setFocus(Qt::TabFocusReason);
+}
+
+bool BillView::run(const QString& sName, const std::function<Outcome()>& work) {
+  if (running_ || window_->closed()) return false;
+  running_ = true;
+  seat_.log.begin(sName);
+  QApplication::setOverrideCursor(Qt::WaitCursor);
+  Outcome outcome;
+  try {
+    outcome = work();
+  } catch (const arap::AutomationError& error) {
+    outcome = Outcome::refused(error.description());
+  } catch (const DeskError& error) {
+    outcome = Outcome::refused(error.what());
+  }
+  QApplication::restoreOverrideCursor();
+  seat_.log.end();
+  running_ = false;
+  say(qt(outcome.sReason), !outcome);
+  if (window_->closed()) {
+    Q_EMIT closed();
+  } else {
+    refresh();
+  }
+  return outcome.bDone;
+}
+
+bool BillView::enter(const std::string& sKey, int nRow, const QString& sText) {
+  const TemplateField& field = window_->bill().field(window_->bill().find_key(sKey));
+  const std::string sEntry = complete_entry(field, utf8(sText), seat_.today());
+  return run(qt(field.sCaption) + QStringLiteral(": ") + qt(sEntry),
+             [&] { return window_->type_field(sKey, nRow, sEntry); });
+}
+
+void BillView::press(const std::string& sTool) {
+  // What is still in an editor is entered first.
+  body_->enter_now();
+  if (auto* pEdit = qobject_cast<FieldEdit*>(QApplication::focusWidget()); pEdit != nullptr && isAncestorOf(pEdit))
+    pEdit->enter_now();
+  if (arap::EqualsNoCase(sTool, "mnuFileExit") && !may_close()) return;
+  const BarTool* pTool = window_->bar().find_tool(sTool);
+  const QString sName = pTool != nullptr && !pTool->sCaption.empty() ? qt(pTool->sCaption) : qt(sTool);
+  const bool bDone = run(sName, [&] { return window_->press(sTool); });
+  show_news();
+  if (window_->closed()) return;
+  if (bDone && arap::EqualsNoCase(sTool, "mnuFilePreview")) preview_bill(*window_, this);
+  if (bDone && arap::EqualsNoCase(sTool, "mnuFilePrint")) print_bill(*window_, this);
+  Q_EMIT stored();
+}
+
+bool BillView::may_close() {
+  if (window_->closed() || window_->edit_mode() == EditMode::ReadOnly || !window_->has_changes()) return true;
+  const auto answer =
+      QMessageBox::question(this, window_->bill().sCaption.c_str(), words("单据已修改，保存后再关闭吗？"),
+                            QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
+  if (answer == QMessageBox::Cancel) return false;
+  if (answer == QMessageBox::No) return true;
+  return run(words("保存"), [this] { return window_->save(); });
+}
+
+std::vector<std::size_t> BillView::choose_sources(const SourceList& list) {
+  const FocusKeeper focus;
+  QApplication::setOverrideCursor(Qt::ArrowCursor);
+  const auto chosen = SelectionDialog(list, currency_names(seat_.database()), this).choose();
+  QApplication::restoreOverrideCursor();
+  return chosen;
+}
+
+void BillView::show_news() {
+  const auto& vouchers = seat_.session.shown_vouchers;
+  if (vouchers_seen_ < vouchers.size()) show_text(words("凭证"), qt(vouchers.back()), this);
+  vouchers_seen_ = vouchers.size();
+}
+
+void BillView::refresh() {
+  bars_->refresh();
+  head_->refresh();
+  model_->refresh();
+  body_->refresh();
+  refresh_status();
+}
+
+void BillView::refresh_status() {
+  QStringList panels;
+  for (std::int32_t nPanel = kFirstPanel; nPanel <= kLastPanel; ++nPanel) {
+    const std::string sText = window_->status_panel(nPanel);
+    if (!sText.empty()) panels << qt(sText);
+  }
+  panels_->setText(panels.join(QStringLiteral("  ")));
+  state_->setText(state_text());
+  const QString sNumber = qt(window_->shown("FBillNo"));
+  Q_EMIT title_changed(words(window_->bill().sCaption.c_str()) + QStringLiteral(" ") +
+                       (sNumber.isEmpty() ? words("新单据") : sNumber));
+}
+
+QString BillView::state_text() const {
+  if (window_->bill_id() == 0) return words("新单据");
+  QString sState = words(arap::LongOf(window_->value("FStatus")) == 1 ? "已审核" : "未审核");
+  const std::string sChecker = window_->shown("FChecker");
+  if (!sChecker.empty()) sState = words("审核人：%1").arg(qt(sChecker));
+  if (window_->edit_mode() != EditMode::ReadOnly) return sState;
+  const auto holder = seat_.session.tasks().holder_of(edit_function(window_->bill().nClassType), window_->bill_id());
+  sState += QStringLiteral("  ") + words("只读");
+  if (holder)
+    sState += words("：%1在%2上从%3起正在编辑").arg(qt(holder->sUser), qt(holder->sMachine), qt(holder->sSince));
+  return sState;
+}
+
+void BillView::say(const QString& sText, bool bTrouble) {
+  message_->setText(sText);
+  message_->setStyleSheet(bTrouble ? QStringLiteral("color: %1").arg(negative_colour().name()) : QString());
+}
+
+QString BillView::status() const { return message_->text(); }
+
+}  // namespace desk

@@ -1,0 +1,77 @@
+#pragma once
+
+#include <QWidget>
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "windows/bar_view.h"
+#include "windows/body_grid.h"
+#include "windows/desk_seat.h"
+#include "windows/head_form.h"
+
+class QLabel;
+
+namespace desk {
+
+/// A bill window: menus and toolbar, head, grid, status. Every rule behind it is the engine's and the plug-in's.
+class BillView final : public QWidget {
+  Q_OBJECT
+ public:
+  /// `sTemplate` is one of the shipped templates: "receipt", "payment" ...
+  BillView(DeskSeat& seat, const std::string& sTemplate, QWidget* pParent);
+  ~BillView() override;
+
+  void new_bill();
+  /// False when there is no such bill.
+  bool open_bill(std::int32_t nBillID);
+  /// Runs a command of the bars, once: a press while another command runs is passed over.
+  void press(const std::string& sTool);
+  /// Asks about unsaved changes. False when the user wants to go on.
+  bool may_close();
+
+  bool shows(const std::string& sTemplate, std::int32_t nBillID) const;
+  /// The partner, where a new bill begins.
+  void focus_first_field();
+
+  BillWindow& window() { return *window_; }
+  HeadForm& head() { return *head_; }
+  BodyGrid& body() { return *body_; }
+  BarView& bars() { return *bars_; }
+  /// What the status line says.
+  QString status() const;
+
+ Q_SIGNALS:
+  void title_changed(const QString& sTitle);
+  /// The bill or its state in the book may have changed.
+  void stored();
+  void closed();
+
+ private:
+  void build();
+  /// Does the work as one logged command, shows why it was refused, and brings the view up to date.
+  bool run(const QString& sName, const std::function<Outcome()>& work);
+  bool enter(const std::string& sKey, int nRow, const QString& sText);
+  std::vector<std::size_t> choose_sources(const SourceList& list);
+  void refresh();
+  void refresh_status();
+  QString state_text() const;
+  void show_news();
+  void say(const QString& sText, bool bTrouble);
+
+  DeskSeat& seat_;
+  std::string template_;
+  OpenBillWindow window_;
+  BodyModel* model_ = nullptr;
+  HeadForm* head_ = nullptr;
+  BodyGrid* body_ = nullptr;
+  BarView* bars_ = nullptr;
+  QLabel* message_ = nullptr;
+  QLabel* panels_ = nullptr;
+  QLabel* state_ = nullptr;
+  bool running_ = false;
+  std::size_t vouchers_seen_ = 0;
+};
+
+}  // namespace desk

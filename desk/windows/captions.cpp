@@ -1,0 +1,108 @@
+#include "windows/captions.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+namespace desk {
+
+namespace {
+
+struct Caption {
+  std::string_view sChinese;
+  const char* sEnglish;
+};
+
+constexpr std::array kCaptions{
+    Caption{"应收应付", "Receivables and payables"},
+    Caption{"收款单", "Receipts"},
+    Caption{"付款单", "Payments"},
+    Caption{"其他应收单", "Other receivables"},
+    Caption{"其他应付单", "Other payables"},
+    Caption{"收支类别", "Income and expense types"},
+    Caption{"发票", "Invoices"},
+    Caption{"期初余额", "Opening balances"},
+    Caption{"应收明细", "Open receivables"},
+    Caption{"应付明细", "Open payables"},
+    Caption{"操作日志", "Action log"},
+    Caption{"文件", "File"},
+    Caption{"视图", "View"},
+    Caption{"语言", "Language"},
+    Caption{"新增收款单", "New receipt"},
+    Caption{"新增付款单", "New payment"},
+    Caption{"打开", "Open"},
+    Caption{"刷新", "Refresh"},
+    Caption{"退出", "Quit"},
+    Caption{"关闭", "Close"},
+    Caption{"检查器", "Inspector"},
+    Caption{"复制", "Copy"},
+    Caption{"清空", "Clear"},
+    Caption{"筛选", "Filter"},
+    Caption{"内容", "What happened"},
+    Caption{"用时(毫秒)", "Time (ms)"},
+    Caption{"选择源单", "Choose source bills"},
+    Caption{"确定", "OK"},
+    Caption{"取消", "Cancel"},
+    Caption{"全选", "Select all"},
+    Caption{"全清", "Select none"},
+    Caption{"单据编号", "Number"},
+    Caption{"日期", "Date"},
+    Caption{"到期日", "Due"},
+    Caption{"币别", "Currency"},
+    Caption{"金额", "Amount"},
+    Caption{"已核销", "Settled"},
+    Caption{"未核销", "Open"},
+    Caption{"已选%1张，未核销合计 %2", "%1 chosen, open %2"},
+    Caption{"合计", "Total"},
+    Caption{"预览", "Preview"},
+    Caption{"导出PDF", "Export PDF"},
+    Caption{"凭证", "Voucher"},
+    Caption{"只读", "Read only"},
+    Caption{"新单据", "New bill"},
+    Caption{"未审核", "Not checked"},
+    Caption{"已审核", "Checked"},
+    Caption{"审核人：%1", "Checked by %1"},
+    Caption{"单据已修改，保存后再关闭吗？", "The bill was changed. Save it before closing?"},
+    Caption{"往来单位", "Partner"},
+    Caption{"名称", "Name"},
+    Caption{"代码", "Code"},
+    Caption{"状态", "Status"},
+    Caption{"找到多个“%1”，请选择其中一个。", "\"%1\" names several; choose one."},
+    Caption{"没有代码或名称为“%1”的资料。", "Nothing has the code or name \"%1\"."},
+    Caption{"登录", "Log in"},
+    Caption{"用户", "User"},
+    Caption{"正在执行：%1", "Running: %1"},
+    Caption{"完成：%1", "Done: %1"},
+    Caption{"：%1在%2上从%3起正在编辑", ": %1 on %2 has been editing it since %3"},
+    Caption{"保存", "Save"},
+    Caption{"时间", "Time"},
+    Caption{"计算机", "Machine"},
+    Caption{"功能", "Function"},
+    Caption{"核销金额", "Settled"},
+    Caption{"实收付金额", "Money"},
+    Caption{"折扣金额", "Discount"},
+    Caption{"审核人", "Checked by"},
+    Caption{"摘要", "Note"},
+};
+
+Language& chosen() {
+  static Language language = Language::Chinese;
+  return language;
+}
+
+}  // namespace
+
+void set_language(Language language) { chosen() = language; }
+
+Language language() { return chosen(); }
+
+QString words(const char* sChinese) {
+  if (chosen() == Language::English) {
+    const auto found = std::find_if(kCaptions.begin(), kCaptions.end(),
+                                    [&](const Caption& caption) { return caption.sChinese == sChinese; });
+    if (found != kCaptions.end()) return QString::fromUtf8(found->sEnglish);
+  }
+  return QString::fromUtf8(sChinese);
+}
+
+}  // namespace desk

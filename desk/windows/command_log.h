@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QElapsedTimer>
+#include <QObject>
+#include <QString>
+
+#include <deque>
+#include <vector>
+
+#include "engine/trace.h"
+
+namespace desk {
+
+/// One thing that happened while a command ran, and when: milliseconds since the command began.
+struct LoggedLine {
+  TraceObserver::Kind kind;
+  QString sText;
+  double dMilliseconds = 0;
+};
+
+struct LoggedCommand {
+  QString sName;
+  std::vector<LoggedLine> lines;
+  double dMilliseconds = 0;
+};
+
+/// Hears everything between the windows and the rules, by command; the last commands are kept.
+class CommandLog final : public QObject, public TraceObserver {
+  Q_OBJECT
+ public:
+  using QObject::QObject;
+
+  void begin(const QString& sCommand);
+  void end();
+  void on_trace(Kind kind, std::string_view sText) override;
+  void clear();
+  const std::deque<LoggedCommand>& commands() const { return commands_; }
+
+ Q_SIGNALS:
+  /// A command has ended, or the log was cleared.
+  void changed();
+
+ private:
+  std::deque<LoggedCommand> commands_;
+  QElapsedTimer clock_;
+  int depth_ = 0;
+};
+
+}  // namespace desk
