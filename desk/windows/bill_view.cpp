@@ -38,7 +38,6 @@ CurrencyNames currency_names(Database& database) {
 BillView::BillView(DeskSeat& seat, const std::string& sTemplate, QWidget* pParent)
     : QWidget(pParent), seat_(seat), template_(sTemplate) {
   Host host = seat_host(seat_.session, seat_.sToday);
-  host.trace = &seat_.log;
   host.choose_sources = [this](const SourceList& list) { return choose_sources(list); };
   window_ = open_bill_window(std::move(host), BillTemplate::shipped(sTemplate));
   window_->new_bill();

@@ -16,10 +16,12 @@ void CommandLog::begin(const QString& sCommand) {
   commands_.push_back({sCommand, {}, 0});
   if (commands_.size() > kMostCommands) commands_.pop_front();
   clock_.start();
+  hearing_.emplace(*this);
 }
 
 void CommandLog::end() {
   if (depth_ == 0 || --depth_ > 0) return;
+  hearing_.reset();
   commands_.back().dMilliseconds = static_cast<double>(clock_.nsecsElapsed()) / kNanosecondsInAMillisecond;
   Q_EMIT changed();
 }

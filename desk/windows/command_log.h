@@ -5,9 +5,10 @@
 #include <QString>
 
 #include <deque>
+#include <optional>
 #include <vector>
 
-#include "engine/trace.h"
+#include "data/trace.h"
 
 namespace desk {
 
@@ -42,6 +43,7 @@ class CommandLog final : public QObject, public TraceObserver {
 
  private:
   std::deque<LoggedCommand> commands_;
+  std::optional<TraceScope> hearing_;
   QElapsedTimer clock_;
   int depth_ = 0;
 };

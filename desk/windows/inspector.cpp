@@ -19,7 +19,8 @@ namespace {
 QColor colour_of(TraceObserver::Kind kind) {
   switch (kind) {
     case TraceObserver::Kind::Event: return {0x10, 0x40, 0x90};
-    case TraceObserver::Kind::Sql: return {0x20, 0x70, 0x30};
+    case TraceObserver::Kind::Sql:
+    case TraceObserver::Kind::Translation: return {0x20, 0x70, 0x30};
     case TraceObserver::Kind::Message: return {0xB0, 0x30, 0x10};
     default: return {0x40, 0x40, 0x40};
   }
