@@ -125,6 +125,7 @@ void ScenarioPlayer::act(const Step& step, const std::vector<std::string>& args)
     case Verb::Answer: return answer(args[0]);
     case Verb::Save: return save();
     case Verb::Voucher: return make_bill_voucher();
+    case Verb::Batch: return batch(args);
     case Verb::Say: return tell(args[0]);
     default: fail("this line can't be played");
   }

@@ -48,6 +48,8 @@ class ScenarioPlayer {
   void press(const std::string& sTool);
   void save();
   void make_bill_voucher();
+  /// A command of the bill list on the bills of these numbers, or on all; one line a bill is told.
+  void batch(const std::vector<std::string>& args);
   void answer(const std::string& sAnswer);
 
   void expect_value(const std::string& sField, std::int32_t nRow, const std::string& sExpected);

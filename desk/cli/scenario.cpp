@@ -121,14 +121,16 @@ class Parser {
     if (sVerb == "save") return counted(line, Verb::Save, args, 0, "save");
     if (sVerb == "voucher") return counted(line, Verb::Voucher, args, 0, "voucher");
     if (sVerb == "press") return counted(line, Verb::Press, args, 1, "press TOOL");
+    if (sVerb == "batch") return batch_step(line, args);
     if (sVerb == "set") return set_step(line, args);
     if (sVerb == "select") return select_step(line, args);
     if (sVerb == "answer") return choice(line, Verb::Answer, args, 0, 1, "answer yes|no|ok", {"yes", "no", "ok"});
     if (sVerb == "say") return {line.nNumber, Verb::Say, {rest_after(line.sText, 1)}, {}};
     if (sVerb == "expect") return expect_step(line, args);
     if (sVerb == "for") return loop_step(line);
-    refuse(line, "unknown command \"" + sVerb +
-                     "\"; use new, open, close, set, select, press, answer, save, voucher, expect, say or for each");
+    refuse(line,
+           "unknown command \"" + sVerb +
+               "\"; use new, open, close, set, select, press, answer, save, voucher, batch, expect, say or for each");
   }
 
   Step counted(const Line& line, Verb verb, Words args, std::size_t nCount, std::string_view sForm) const {
@@ -150,6 +152,12 @@ class Parser {
     if (args.size() != 4 || !is_row_number(args[1]))
       refuse(line, "write: " + std::string(sForm) + ", rows count from 1");
     return {line.nNumber, verb, Words(args.begin() + 1, args.end()), {}};
+  }
+
+  Step batch_step(const Line& line, const Words& args) const {
+    if (args.size() < 3 || !is_one_of(args[0], {"receipt", "payment"}))
+      refuse(line, "write: batch receipt|payment TOOL all, or batch receipt|payment TOOL NUMBER ...");
+    return {line.nNumber, Verb::Batch, args, {}};
   }
 
   Step set_step(const Line& line, const Words& args) const {

@@ -19,6 +19,7 @@ enum class Verb {
   Answer,         // answer yes|no|ok
   Save,           // save
   Voucher,        // voucher
+  Batch,          // batch receipt|payment TOOL all | batch receipt|payment TOOL NUMBER...
   ExpectField,    // expect field FIELD VALUE
   ExpectRow,      // expect row N FIELD VALUE
   ExpectMessage,  // expect message TEXT

@@ -86,6 +86,7 @@ void BarTool::write(Member member, const Variant& vValue) {
     case Member::Caption: sCaption = arap::Concat(vValue); return;
     case Member::Description: sDescription = arap::Concat(vValue); return;
     case Member::ToolTipText: sShortText = arap::Concat(vValue); return;
+    case Member::Category: sCategory = arap::Concat(vValue); return;
     case Member::Style: nStyle = arap::LongOf(vValue); return;
     case Member::Visible: bVisible = arap::ToBoolean(vValue); return;
     case Member::Enabled: bEnabled = arap::ToBoolean(vValue); return;
@@ -104,6 +105,7 @@ Variant BarTool::read(Member member) const {
     case Member::Caption: return sCaption;
     case Member::Description: return sDescription;
     case Member::ToolTipText: return sShortText;
+    case Member::Category: return sCategory;
     case Member::Style: return nStyle;
     case Member::Visible: return bVisible;
     case Member::Enabled: return bEnabled;
@@ -130,6 +132,10 @@ Variant BarBand::invoke(Member member, Access access, Arguments args) {
     case Member::Visible:
       if (!is_put(access)) return bVisible;
       bVisible = arap::ToBoolean(argument(args, 0));
+      return {};
+    case Member::Enabled:
+      if (!is_put(access)) return bEnabled;
+      bEnabled = arap::ToBoolean(argument(args, 0));
       return {};
     default: no_such_member(member);
   }

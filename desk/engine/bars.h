@@ -25,6 +25,7 @@ class BarTool final : public arap::Object {
   std::string sCaption;
   std::string sDescription;
   std::string sShortText;
+  std::string sCategory;
   std::int32_t nStyle = 0;
   std::int32_t nToolId = 0;
   std::int32_t nColourKey = 0;
@@ -52,6 +53,7 @@ class BarBand final : public arap::Object {
   std::string sName;
   std::string sCaption;
   bool bVisible = true;
+  bool bEnabled = true;
   std::vector<arap::Ref<BarTool>> aTools;
 
  private:

@@ -13,6 +13,7 @@ class Tool : public View {
   void SetCaption(const Variant& vText) const { put(Member::Caption, vText); }
   void SetDescription(const Variant& vText) const { put(Member::Description, vText); }
   void SetShortText(const Variant& vText) const { put(open_choices::kToolShortText, vText); }
+  void SetCategory(const Variant& vText) const { put(Member::Category, vText); }
   void SetStyle(std::int32_t nStyle) const { put(Member::Style, nStyle); }
   bool Visible() const { return ToBoolean(get(Member::Visible)); }
   void SetVisible(bool bVisible) const { put(Member::Visible, bVisible); }

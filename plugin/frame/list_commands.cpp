@@ -46,12 +46,14 @@ class ResultGrid {
 
 }  // namespace
 
-std::optional<Variant> SelectedBillId(const Variant& vRow) {
+std::optional<Variant> SelectedValue(const Variant& vRow, Key sColumn) {
   const Dictionary oRow(vRow);
-  if (!oRow.Lookup("FBillID"_key)) return std::nullopt;
-  const Variant vBillID = oRow.Value("FBillID"_key);
-  return vBillID.is_object() ? FieldRecord(vBillID).Value("FFLD"_key) : vBillID;
+  if (!oRow.Lookup(sColumn)) return std::nullopt;
+  const Variant vValue = oRow.Value(sColumn);
+  return vValue.is_object() ? FieldRecord(vValue).Value("FFLD"_key) : vValue;
 }
+
+std::optional<Variant> SelectedBillId(const Variant& vRow) { return SelectedValue(vRow, "FBillID"_key); }
 
 bool IsSelectionEmpty(const Vector& oRows) { return oRows.IsNothing() || oRows.LBound() == 0; }
 

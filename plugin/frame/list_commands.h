@@ -11,7 +11,9 @@
 /// errors pass to the caller.
 namespace arap {
 
-/// A row's FBillID: its stored value where the row holds records. Nothing for a row without that key (a subtotal line).
+/// A column of a selected row: the stored value where the row holds records. Nothing for a row without that key.
+std::optional<Variant> SelectedValue(const Variant& vRow, Key sColumn);
+/// A row's FBillID; a subtotal line has none.
 std::optional<Variant> SelectedBillId(const Variant& vRow);
 /// True for a list without a selection.
 bool IsSelectionEmpty(const Vector& oRows);

@@ -29,7 +29,7 @@ namespace arap {
   X(MutexSuccess) X(LockBill) X(SaveBill) X(NotSave) X(DoSelBillExt) X(RefreshToolbar) X(OpenQuery)                   \
   /* bars */                                                                                                          \
   X(Bands) X(Tools) X(RecalcLayout) X(Caption) X(Description) X(Enabled) X(BeginGroup) X(Tag) X(Checked) X(ToolId)    \
-  X(Style) X(ToolTipText) X(SetPicture)                                                                               \
+  X(Style) X(ToolTipText) X(Category) X(SetPicture)                                                                   \
   /* ListEvents, ListForm, list data */                                                                               \
   X(ListData) X(ListDataServer) X(SelectedRows) X(ListForm) X(RefreshList) X(letmessage) X(ShowMode) X(IsRun)         \
   X(ExistMultiCheck) X(ClassTypeId) X(GetBillDetail)                                                                  \

@@ -63,7 +63,16 @@ void BillClass::CommitHeldTask() noexcept {
 Variant ListedBillClass::invoke(Member member, Access access, Arguments args) {
   if (member == Member::m_LstInterface) return AccessListMember(m_LstInterface, access, args);
   if (member == Member::Inside) return Inside(argument(args, 0), std::span<const Variant>(args.subspan(1)));
-  return BillClass::invoke(member, access, args);
+  if (member != Member::DoOptToBill || access == Access::Put || access == Access::PutRef) {
+    return BillClass::invoke(member, access, args);
+  }
+  Variant vCode = std::int16_t{0};
+  Variant vDesc = "";
+  Variant vOk = false;
+  const bool bOk = DoOptToBill(ToLong(argument(args, 0)), ToLong(argument(args, 1)), ToLong(argument(args, 2)),
+                               OptionalArgument(args, 3, vCode), OptionalArgument(args, 4, vDesc));
+  OptionalArgument(args, 5, vOk) = bOk;
+  return bOk;
 }
 
 void ListedBillClass::Show(const Ref<Object>& oSource) {

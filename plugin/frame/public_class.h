@@ -87,13 +87,19 @@ class BillClass : public PublicClass {
   std::int32_t m_lBillId = 0;
 };
 
-/// One of the four bill classes: a bill window and its list, with the public members m_LstInterface and Inside.
+/// One of the four bill classes: a bill window and its list, with the public members m_LstInterface, Inside and
+/// DoOptToBill.
 class ListedBillClass : public BillClass {
  public:
   Variant invoke(Member member, Access access, Arguments args) override;
 
  protected:
   explicit ListedBillClass(std::string_view sName) : BillClass(sName) {}
+
+  /// Deletes (0), checks (1) or unchecks (2) one bill under a task and writes the action log. vCode becomes the
+  /// service's code, vMessage the text for the user; true exactly for code 0. Raises nothing: an error is a message.
+  virtual bool DoOptToBill(std::int32_t nTransType, std::int32_t nInterID, std::int32_t nCheckType, Variant& vCode,
+                           Variant& vMessage) = 0;
 
   /// Binds by the exact type name; a source of another type leaves the class silent.
   void Show(const Ref<Object>& oSource) override;

@@ -19,17 +19,17 @@ std::string_view OtherBill::GetTaskCode(int nIndex) const {
 
 void OtherBill::OnBillEvent(Event event, Arguments args) {
   switch (event) {
+    case Event::BarInitialize: return m_BillInterface_BarInitialize(ActiveBar(argument(args, 0)));
+    case Event::MenuBarInitialize: return m_BillInterface_MenuBarInitialize(ActiveBar(argument(args, 0)));
+    case Event::MenuBarClick: return m_BillInterface_MenuBarClick(Tool(argument(args, 0)), argument(args, 1));
     case Event::AfterLoadBill: return m_BillInterface_AfterLoadBill();
     case Event::AfterNewBill: return m_BillInterface_AfterNewBill();
     case Event::BeginEdit: return m_BillInterface_BeginEdit(FieldInfo(argument(args, 0)));
     case Event::Change:
       return m_BillInterface_Change(FieldInfo(argument(args, 0)), FieldRecord(argument(args, 1)), argument(args, 4));
     case Event::HeadCtlLostFocus: return m_BillInterface_HeadCtlLostFocus(ObjectArgument<FieldInfo>(args, 1));
-    case Event::BeforeSave:
-    case Event::AfterSave:
-    case Event::BarInitialize:
-    case Event::MenuBarInitialize:
-    case Event::MenuBarClick:
+    case Event::BeforeSave: return m_BillInterface_BeforeSave(argument(args, 0));
+    case Event::AfterSave: return m_BillInterface_AfterSave();
     case Event::BeforeLoadBill:
     case Event::BeforLoadBillFillData:
     case Event::AfterNewEmptyData:
@@ -41,6 +41,15 @@ void OtherBill::OnBillEvent(Event event, Arguments args) {
     case Event::AfterGetData:
     case Event::RefreshList:
     case Event::ClassGroupSelected: return;
+  }
+}
+
+void OtherBill::OnListEvent(Event event, Arguments args) {
+  switch (event) {
+    case Event::BarInitialize: return m_LstInterface_BarInitialize(ActiveBar(argument(args, 0)));
+    case Event::MenuBarInitialize: return m_LstInterface_MenuBarInitialize(ActiveBar(argument(args, 0)));
+    case Event::MenuBarClick: return m_LstInterface_MenuBarClick(Tool(argument(args, 0)), argument(args, 1));
+    default: return;  // no other event of a list is heard
   }
 }
 

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "frame/bill_fields.h"
+#include "frame/bill_operation.h"
 #include "frame/conversions.h"
 #include "frame/public_class.h"
 #include "otherbills/other_bill_sides.h"
@@ -23,6 +24,9 @@ class OtherBill : public ListedBillClass {
 
   std::string_view GetTaskCode(int nIndex) const override;
   void OnBillEvent(Event event, Arguments args) override;
+  void OnListEvent(Event event, Arguments args) override;
+  bool DoOptToBill(std::int32_t nTransType, std::int32_t nInterID, std::int32_t nCheckType, Variant& vCode,
+                   Variant& vMessage) override;
 
   const OtherBillSide& side_;
 
@@ -108,9 +112,33 @@ class OtherBill : public ListedBillClass {
   // --- credit_limit ---
   /// 0 when the bill passes, else the number of the profile's degree of control. An error passes to the caller.
   std::int32_t CheckCreditLimit();
+  std::string CreditDegreeText() const;
+  double OpenBalance(const std::string& sPartnerNumber) const;
+  double StoredCreditAmount() const;
 
   // --- bill_commands, check_commands ---
   void m_BillInterface_MenuBarClick(const Tool& oTool, Variant& vCancel);
+  struct Command {
+    Key sName;
+    void (OtherBill::*run)(const std::string& sBillNo, Variant& vCancel);
+  };
+  static std::span<const Command> Commands();
+  void CheckBillCommand(const std::string& sBillNo, Variant& vCancel);
+  void UncheckBillCommand(const std::string& sBillNo, Variant& vCancel);
+  void DeleteCommand(const std::string& sBillNo, Variant& vCancel);
+  void NewBillCommand(const std::string& sBillNo, Variant& vCancel);
+  void HelpCommand(const std::string& sBillNo, Variant& vCancel);
+  void TakeAwayCommand(const std::string& sBillNo, Variant& vCancel);
+  void VoucherCommand(const std::string& sBillNo, Variant& vCancel);
+  void ShowBillHelp() const;
+  /// What the action log says of a check or an uncheck.
+  struct CheckWords {
+    Key sLogCode;
+    std::string_view sFailureVerb;
+    std::string_view sSuccessVerb;
+  };
+  void FinishCheck(const CheckAnswer& answer, std::int32_t nInterID, const CheckWords& words,
+                   const std::string& sBillNo);
 
   // --- bar_setup ---
   void m_BillInterface_BarInitialize(const ActiveBar& oBar);
@@ -120,6 +148,31 @@ class OtherBill : public ListedBillClass {
   void m_LstInterface_BarInitialize(const ActiveBar& oBar);
   void m_LstInterface_MenuBarInitialize(const ActiveBar& oBar);
   void m_LstInterface_MenuBarClick(const Tool& oTool, Variant& vCancel);
+  /// What a list command works on, and whether the list is refreshed after it.
+  struct Selection {
+    Vector oRows;
+    bool bRefresh;
+  };
+  struct ListCommand {
+    Key sName;
+    void (OtherBill::*run)(const Selection& selection, Variant& vCancel);
+  };
+  static std::span<const ListCommand> ListCommands();
+  void RelatedBillsListCommand(const Selection& selection, Variant& vCancel);
+  void DeleteListCommand(const Selection& selection, Variant& vCancel);
+  void CheckListCommand(const Selection& selection, Variant& vCancel);
+  void UncheckListCommand(const Selection& selection, Variant& vCancel);
+  void VoucherListCommand(const Selection& selection, Variant& vCancel);
+  /// True when every selected row allows the operation; false after the first that doesn't, and without a selection.
+  bool CheckSelectedStatus(const Vector& oRows, BillOperation operation) const;
+  void OperateOnSelected(const Selection& selection, BillOperation operation);
+  void ShowRelatedBills(const Vector& oRows) const;
+  void SetUpListBar(const ActiveBar& oBar) const;
+  ListDataServer ListServer() const;
+
+  // --- batch_operation ---
+  /// The action log by the service's code; another code than -1, 0 and 1 has none.
+  void LogOperation(std::int16_t nCode, const std::string& sText) const;
 
   // --- shared by the files ---
   double HeadNumber(Key sKey) const { return GetBillNumber(Bill(), sKey, kHead); }

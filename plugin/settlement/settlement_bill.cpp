@@ -27,19 +27,6 @@ void SettlementBill::Show(const Ref<Object>& oSource) {
   m_oListDataServer = List().ListDataServer();
 }
 
-Variant SettlementBill::invoke(Member member, Access access, Arguments args) {
-  if (member != Member::DoOptToBill || access == Access::Put || access == Access::PutRef) {
-    return ListedBillClass::invoke(member, access, args);
-  }
-  Variant vCode = std::int16_t{0};
-  Variant vDesc = "";
-  Variant vOk = false;
-  const bool bOk = DoOptToBill(ToLong(argument(args, 0)), ToLong(argument(args, 1)), ToLong(argument(args, 2)),
-                               OptionalArgument(args, 3, vCode), OptionalArgument(args, 4, vDesc));
-  OptionalArgument(args, 5, vOk) = bOk;
-  return bOk;
-}
-
 std::string_view SettlementBill::GetTaskCode(int nIndex) const {
   return nIndex >= 0 && nIndex < static_cast<int>(side_.aTaskCodes.size()) ? side_.aTaskCodes[nIndex].view() : "";
 }

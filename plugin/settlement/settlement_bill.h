@@ -17,14 +17,6 @@ namespace arap {
 /// settles. One class for both sides; what differs is read from the side. Partner means customer or supplier, received
 /// means received or paid.
 class SettlementBill : public ListedBillClass {
- public:
-  Variant invoke(Member member, Access access, Arguments args) override;
-
-  /// Deletes (0), checks (1) or unchecks (2) one bill under a task and writes the action log. vCode becomes the
-  /// service's code, vMessage the text for the user; true exactly for code 0. Raises nothing: an error is a message.
-  bool DoOptToBill(std::int32_t nTransType, std::int32_t nInterID, std::int32_t nCheckType, Variant& vCode,
-                   Variant& vMessage);
-
  protected:
   explicit SettlementBill(const SettlementSide& side);
   ~SettlementBill() override;
@@ -33,6 +25,8 @@ class SettlementBill : public ListedBillClass {
   std::string_view GetTaskCode(int nIndex) const override;
   void OnBillEvent(Event event, Arguments args) override;
   void OnListEvent(Event event, Arguments args) override;
+  bool DoOptToBill(std::int32_t nTransType, std::int32_t nInterID, std::int32_t nCheckType, Variant& vCode,
+                   Variant& vMessage) override;
 
   const SettlementSide& side_;
 
@@ -146,8 +140,8 @@ class SettlementBill : public ListedBillClass {
   void SaveSettleFields();
 
   // --- batch_operation ---
-  /// Message and log by the service's code; another code than -1, 0 and 1 has neither.
-  void ReportOperation(std::int16_t nCode, const std::string& sVerb, const Dictionary& oAnswer, Variant& vMessage);
+  /// The action log by the service's code; another code than -1, 0 and 1 has none.
+  void LogOperation(std::int16_t nCode, const std::string& sText) const;
 
   // --- source_selection ---
   void m_BillInterface_BeforeSelBills(std::int32_t nBillType, const Ref<Object>& oQuery, Variant& vFilter);

@@ -8,7 +8,7 @@ namespace {
 
 constexpr Member kToolMembers[] = {Member::Name,       Member::Caption, Member::Description, Member::ToolTipText,
                                    Member::Style,      Member::Visible, Member::Enabled,     Member::Checked,
-                                   Member::BeginGroup, Member::Tag,     Member::ToolId};
+                                   Member::BeginGroup, Member::Tag,     Member::ToolId,      Member::Category};
 
 bool is_flag(Member member) {
   return member == Member::Visible || member == Member::Enabled || member == Member::Checked ||

@@ -9,7 +9,6 @@
 #include <utility>
 #include <vector>
 
-#include "frame/host_contract.h"
 #include "frame/plugin_entry.h"
 #include "support/other_bill_host.h"
 #include "support/test_session.h"
@@ -43,7 +42,7 @@ class OtherBillTest : public ::testing::TestWithParam<Side> {
     add_in_out_types(session);
     plugin = CreatePublicObject(side.sClass);
     plugin->call(Member::Show, bill);
-    add_uncheck_tool();
+    bill->fire(Event::MenuBarInitialize, {bill->bar});
     trace().clear();
   }
 
@@ -81,13 +80,6 @@ class OtherBillTest : public ::testing::TestWithParam<Side> {
   std::string credit_asked() {
     const std::vector<Variant> args = session.server("NUVBills.clsCredit").last(Member::GetStatusMoneyAndCredit);
     return args.empty() ? "" : plain_text(args[0]);
-  }
-
-  /// As the set-up of the menu leaves it.
-  void add_uncheck_tool() {
-    const ActiveBar oBar{Ref<Object>(bill->bar)};
-    oBar.Tools().Add("mnuEditUnCheck");
-    oBar.Bands("mnuEdit").Tools().Place("mnuEditUnCheck");
   }
 
   /// Compares the trace with the approved one; with ARAP_APPROVE set it becomes the approved one.

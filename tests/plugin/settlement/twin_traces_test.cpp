@@ -1,20 +1,10 @@
-#include <algorithm>
-
 #include "plugin/settlement/settlement_fixture.h"
+#include "support/line_differences.h"
 
 /// The payment's approved traces are the receipt's, told in the payment's names, but for the differences that are named
 /// here.
 namespace arap::testing {
 namespace {
-
-using Lines = std::vector<std::string>;
-
-Lines lines_of(const std::string& sText) {
-  Lines aLines;
-  std::istringstream text(sText);
-  for (std::string sLine; std::getline(text, sLine);) aLines.push_back(sLine);
-  return aLines;
-}
 
 std::string in_names_of_the_payment(std::string sText) {
   const std::vector<std::pair<const char*, const char*>> aNames = {
@@ -28,42 +18,14 @@ std::string in_names_of_the_payment(std::string sText) {
       {"mnuSelectBill_2000001", "mnuSelectBill_2000002"},
       {"应收单据自动合计收款金额", "应付单据自动合计付款金额"},
       {"应收单据自动分摊收款金额", "应付单据自动分摊付款金额"}};
-  for (const auto& [sReceive, sPay] : aNames) {
-    for (auto n = sText.find(sReceive); n != std::string::npos; n = sText.find(sReceive, n)) {
-      sText.replace(n, std::string(sReceive).size(), sPay);
-    }
-  }
-  return sText;
-}
-
-/// "- line" for what only the first has, "+ line" for what only the second has, by the longest common sequence.
-Lines differences(const Lines& aFirst, const Lines& aSecond) {
-  const std::size_t nFirst = aFirst.size();
-  const std::size_t nSecond = aSecond.size();
-  std::vector<std::vector<int>> common(nFirst + 1, std::vector<int>(nSecond + 1, 0));
-  for (std::size_t i = nFirst; i-- > 0;) {
-    for (std::size_t j = nSecond; j-- > 0;) {
-      common[i][j] = aFirst[i] == aSecond[j] ? common[i + 1][j + 1] + 1 : std::max(common[i + 1][j], common[i][j + 1]);
-    }
-  }
-  Lines aDifferences;
-  for (std::size_t i = 0, j = 0; i < nFirst || j < nSecond;) {
-    if (i < nFirst && j < nSecond && aFirst[i] == aSecond[j]) {
-      ++i, ++j;
-    } else if (j == nSecond || (i < nFirst && common[i + 1][j] >= common[i][j + 1])) {
-      aDifferences.push_back("- " + aFirst[i++]);
-    } else {
-      aDifferences.push_back("+ " + aSecond[j++]);
-    }
-  }
-  return aDifferences;
+  return in_other_names(std::move(sText), aNames);
 }
 
 Lines differences_of(const std::string& sName) {
   const Lines aReceive = lines_of(in_names_of_the_payment(ReadGolden(sName, Side::Receive)));
   const Lines aPay = lines_of(ReadGolden(sName, Side::Pay));
   EXPECT_FALSE(aReceive.empty()) << sName;
-  return differences(aReceive, aPay);
+  return line_differences(aReceive, aPay);
 }
 
 const Lines kTypeLockedFirst = {"+ BillCtl.LockCell(FPayTypeId, -1, True)"};

@@ -1,0 +1,116 @@
+#include <initializer_list>
+
+#include "frame/failure.h"
+#include "frame/text_utils.h"
+#include "lists/bar_templates.h"
+#include "otherbills/other_bill.h"
+
+/// The list's bar. Resume next: a statement on a tool or band that the bar lacks is skipped.
+namespace arap {
+
+namespace {
+
+/// ShowMode of a list that serves a selection.
+constexpr std::int32_t kSelectionMode = 3;
+/// Where Check and UnCheck stand in the menus.
+constexpr std::int32_t kCheckPlace = 4;
+constexpr std::int32_t kUncheckPlace = 5;
+
+void HideTools(const ActiveBar& oBar, std::initializer_list<Key> aTools) {
+  for (const Key sTool : aTools) ResumeNext([&] { oBar.Tools(sTool).SetVisible(false); });
+}
+
+void HideBandTools(const ActiveBar& oBar, Key sBand, std::initializer_list<Key> aTools) {
+  for (const Key sTool : aTools) ResumeNext([&] { oBar.Bands(sBand).Tools(sTool).SetVisible(false); });
+}
+
+void SwitchOffTools(const ActiveBar& oBar, std::initializer_list<Key> aTools) {
+  for (const Key sTool : aTools) {
+    ResumeNext([&] { oBar.Tools(sTool).SetEnabled(false); });
+    ResumeNext([&] { oBar.Tools(sTool).SetVisible(false); });
+  }
+}
+
+void TakeTemplateTool(const ActiveBar& oBar, Key sTool, std::string_view sCaption, std::string_view sDescription) {
+  ResumeNext([&] { AddTemplateTool(oBar, LoadedFrmBar().abReport.Tools(sTool)); });
+  ResumeNext([&] { oBar.Tools(sTool).SetCaption(LoadText(sCaption)); });
+  ResumeNext([&] { oBar.Tools(sTool).SetDescription(LoadText(sDescription)); });
+  ResumeNext([&] { oBar.Bands("BandToolBar"_key).Tools().Place(sTool); });
+}
+
+void AddListTools(const ActiveBar& oBar) {
+  TakeTemplateTool(oBar, "Check"_key, "审核", "审核");
+  TakeTemplateTool(oBar, "UnCheck"_key, "反审核", "反审");
+  for (const Key sBand : {"mnuEdit"_key, "mnuPop"_key}) {
+    ResumeNext([&] { oBar.Bands(sBand).Tools().Insert(kCheckPlace, "Check"_key); });
+    ResumeNext([&] { oBar.Bands(sBand).Tools().Insert(kUncheckPlace, "UnCheck"_key); });
+    ResumeNext([&] { oBar.Bands(sBand).Tools("Check"_key).SetBeginGroup(true); });
+    HideBandTools(oBar, sBand, {"mnuEditCopyEntry"_key});
+  }
+  TakeTemplateTool(oBar, "Voucher"_key, "凭证", "凭证");
+}
+
+/// Commands of the host that these lists don't have.
+void HideHostCommands(const ActiveBar& oBar) {
+  HideTools(oBar, {"mnuDataViewPrvBill"_key, "mnuDataViewNextBill"_key});
+  HideBandTools(oBar, "mnuData"_key, {"mnuDataViewPrvBill"_key, "mnuDataViewNextBill"_key});
+  HideBandTools(oBar, "mnuView"_key, {"mnuViewToolBar"_key, "mnuViewToolCaption"_key});
+  HideBandTools(oBar, "menu"_key, {"mnuPushBill"_key});
+}
+
+/// Asks the list window; a window that lacks the answer counts as one that says no.
+bool IsTrue(const ListEvents& oList, Member member) {
+  bool bTrue = false;
+  ResumeNext([&] { bTrue = ToBoolean(oList.ListForm().object()->get(member)); });
+  return bTrue;
+}
+
+bool ServesSelection(const ListEvents& oList) {
+  std::int32_t nShowMode = 0;
+  ResumeNext([&] { nShowMode = LongOf(oList.ListForm().object()->get(Member::ShowMode)); });
+  return nShowMode == kSelectionMode;
+}
+
+/// In multi-check mode the host checks by levels of its own.
+bool ChecksByLevels(const ListEvents& oList) {
+  const bool bExists = IsTrue(oList, Member::ExistMultiCheck);
+  return IsTrue(oList, Member::IsRun) && bExists;
+}
+
+}  // namespace
+
+void OtherBill::SetUpListBar(const ActiveBar& oBar) const {
+  AddListTools(oBar);
+  HideHostCommands(oBar);
+  if (ChecksByLevels(List())) {
+    HideTools(oBar, {"Check"_key, "UnCheck"_key});
+    for (const Key sTool : {"Check"_key, "UnCheck"_key}) {
+      ResumeNext([&] { oBar.Tools(sTool).SetEnabled(false); });
+    }
+  }
+  SwitchOffTools(oBar, {"mnuFormatRowHeight"_key, "mnuFormatFont"_key, "mnuFormatOpt"_key, "mnuDataAccessory"_key,
+                        "mnuPreHeadFoot"_key, "mnuFileSeriesPrintAll"_key, "mnuFileSeriesPrintViewAll"_key});
+  HideBandTools(oBar, "mnuFile"_key, {"mnuExportData"_key});
+}
+
+void OtherBill::m_LstInterface_BarInitialize(const ActiveBar& oBar) {
+  if (ServesSelection(List())) {
+    HideTools(oBar, {"mnuFileNew"_key, "mnuEditModify"_key, "mnuEditDelete"_key, "mnuEditCopy"_key, "mnuDataFilter"_key,
+                     "mnuDataAccessory"_key, "mnuCaculate"_key, "Check"_key, "UnCheck"_key, "mnuEdit"_key});
+  } else {
+    SetUpListBar(oBar);
+  }
+  ResumeNext([&] { oBar.RecalcLayout(); });
+  for (const Key sBand : {"mnuEdit"_key, "mnuFile"_key}) {
+    ResumeNext([&] { oBar.Bands(sBand).Tools("mnuEditCopy"_key).SetEnabled(false); });
+  }
+}
+
+/// The related bills viewer comes back into the view menu.
+void OtherBill::m_LstInterface_MenuBarInitialize(const ActiveBar& oBar) {
+  const Tool oViewer = oBar.Bands("mnuView"_key).Tools("mnuDataViewNextBill"_key);
+  oViewer.SetEnabled(true);
+  oViewer.SetVisible(true);
+}
+
+}  // namespace arap
