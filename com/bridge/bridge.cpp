@@ -52,7 +52,10 @@ std::shared_ptr<const ExposedType> type_in_use(const Object& object) {
   const std::string sName = object.type_name();
   const auto known = state.exposed_types.find(sName);
   if (known != state.exposed_types.end()) return known->second;
-  return state.exposed_types[sName] = exposed_type(*state.library.get(), sName);
+  std::shared_ptr<const ExposedType> type = exposed_type(*state.library.get(), sName);
+  // TypeName answers the spelling of the library: an object that calls itself otherwise is none of its classes.
+  if (type && name_of_type(type->coclass ? type->coclass.get() : type->info.get()) != sName) type = nullptr;
+  return state.exposed_types[sName] = std::move(type);
 }
 
 ComPtr<IDispatch> already_exposed(const Ref<Object>& object) {

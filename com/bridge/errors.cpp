@@ -2,7 +2,6 @@
 
 #include <array>
 #include <new>
-#include <optional>
 
 #include "bridge/wide_text.h"
 
@@ -121,6 +120,16 @@ AutomationError error_of(HRESULT code, EXCEPINFO* info) {
 
 void check(HRESULT code) {
   if (FAILED(code)) throw error_of(code);
+}
+
+std::optional<AutomationError> error_left_by(HRESULT code) {
+  ComPtr<IErrorInfo> info;
+  if (GetErrorInfo(0, info.put()) != S_OK) return std::nullopt;
+  Bstr sSource;
+  Bstr sDescription;
+  info->GetSource(sSource.put());
+  info->GetDescription(sDescription.put());
+  return AutomationError(number_of(code), to_utf8(sSource.get()), to_utf8(sDescription.get()));
 }
 
 HRESULT report_to_invoke(EXCEPINFO* info) noexcept {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+
 #include "bridge/handles.h"
 #include "frame/automation.h"
 
@@ -15,6 +17,10 @@ AutomationError error_of(HRESULT code, EXCEPINFO* info = nullptr);
 
 /// Raises error_of(code) when it failed.
 void check(HRESULT code);
+
+/// The error that a failed method left with the thread, under the number of its code; nothing when it left none. The
+/// caller empties the thread's error object before the call.
+std::optional<AutomationError> error_left_by(HRESULT code);
 
 /// For a `catch (...)`: the exception under way as the answer of IDispatch::Invoke. Without `info` the error goes to
 /// the thread's error object.

@@ -58,13 +58,16 @@ void WindowsPlatform::SetMousePointer(int nPointer) {
   SetCursor(LoadCursorW(nullptr, nPointer == kHourglass ? IDC_WAIT : IDC_ARROW));
 }
 
+/// What the class's own initialiser raises is passed on; a class that can't be made for another reason is error 429.
 Ref<Object> WindowsPlatform::CreateObject(std::string_view sProgID) {
   CLSID class_id{};
   ComPtr<IUnknown> created;
+  SetErrorInfo(0, nullptr);
   HRESULT done = CLSIDFromProgID(to_wide(sProgID).c_str(), &class_id);
   if (SUCCEEDED(done)) done = CoCreateInstance(class_id, nullptr, CLSCTX_SERVER, IID_IUnknown, created.put_void());
-  if (FAILED(done)) throw AutomationError(ErrorNumber::CannotCreateObject, sProgID);
-  return object_of(created.get());
+  if (SUCCEEDED(done)) return object_of(created.get());
+  if (const std::optional<AutomationError> own = error_left_by(done)) throw *own;
+  throw AutomationError(ErrorNumber::CannotCreateObject, sProgID);
 }
 
 std::optional<std::string> WindowsPlatform::ComputerName() {
