@@ -16,7 +16,7 @@ namespace arap::testing {
 inline void ExpectGolden(const std::string& sRoom, const std::string& sName) {
   const std::string sPath = std::string(TEST_DATA_DIR) + "/plugin/" + sRoom + "/golden/" + sName + ".txt";
   if (std::getenv("ARAP_APPROVE") != nullptr) std::ofstream(sPath) << trace().text();
-  std::ifstream file(sPath);
+  std::ifstream file(sPath, std::ios::binary);
   std::stringstream text;
   text << file.rdbuf();
   EXPECT_EQ(trace().text(), text.str()) << sPath;

@@ -30,7 +30,7 @@ std::string lines_of(const std::string& sControl, const TemplateBar& oBar) {
 }
 
 std::string file_text(const std::string& sPath) {
-  std::ifstream file(sPath);
+  std::ifstream file(sPath, std::ios::binary);
   std::stringstream text;
   text << file.rdbuf();
   return text.str();

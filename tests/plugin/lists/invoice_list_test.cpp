@@ -37,7 +37,7 @@ TEST_F(InvoiceList, TheMenuGetsTheViewOfTheOldBillInPlaceOfTheHostsView) {
   }
   EXPECT_TRUE(oTool.visible());
   EXPECT_TRUE(oTool.enabled());
-  EXPECT_EQ(plain_text(oTool.picture), "VIEW");
+  EXPECT_EQ(show(oTool.picture), "\"VIEW\"");
   EXPECT_EQ(plain_number(oTool.colour_key), 0xC0C0C0);
   ExpectGolden("lists", "invoice_menu");
 }

@@ -21,7 +21,7 @@ inline std::string GoldenPath(const std::string& sName, Side side) {
          (side == Side::Receive ? "_receive.txt" : "_pay.txt");
 }
 inline std::string ReadGolden(const std::string& sName, Side side) {
-  std::ifstream file(GoldenPath(sName, side));
+  std::ifstream file(GoldenPath(sName, side), std::ios::binary);
   std::stringstream text;
   text << file.rdbuf();
   return text.str();
