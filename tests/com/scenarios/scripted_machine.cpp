@@ -1,0 +1,143 @@
+#include "com/scenarios/scripted_machine.h"
+
+#include <algorithm>
+#include <array>
+#include <string>
+#include <utility>
+
+#include "bridge/bridge.h"
+#include "bridge/wide_text.h"
+#include "com/scenarios/server_under_test.h"
+#include "frame/platform.h"
+#include "support/trace.h"
+
+namespace arap::testing {
+
+namespace {
+
+constexpr int kDefaultPointer = 0;
+constexpr int kHourglass = 11;
+
+/// Copies a text to a caller's buffer; false when it has no room. `nSize` counts the closing zero.
+bool copy_text(const std::wstring& sText, LPWSTR sOut, DWORD nSize) {
+  if (nSize <= sText.size()) return false;
+  std::copy_n(sText.c_str(), sText.size() + 1, sOut);
+  return true;
+}
+
+/// The real folder of the DLL, and with it the paths that its platform builds.
+std::wstring server_folder() {
+  std::array<wchar_t, MAX_PATH> aPath{};
+  GetModuleFileNameW(ServerUnderTest::module(), aPath.data(), static_cast<DWORD>(aPath.size()));
+  const std::wstring sPath(aPath.data());
+  return sPath.substr(0, sPath.find_last_of(L'\\'));
+}
+
+/// A path of the DLL's own folder as one of the scripted folder.
+std::string scripted_path(std::wstring sPath) {
+  const std::wstring sReal = server_folder();
+  const std::size_t nAt = sPath.find(sReal);
+  if (nAt != std::wstring::npos) {
+    sPath.replace(nAt, sReal.size(), com::to_wide(CurrentPlatform().LibraryPath()));
+  }
+  return com::to_utf8(sPath);
+}
+
+HCURSOR WINAPI set_cursor(HCURSOR cursor) {
+  const bool bWait = cursor == LoadCursorW(nullptr, IDC_WAIT);
+  CurrentPlatform().SetMousePointer(bWait ? kHourglass : kDefaultPointer);
+  return nullptr;
+}
+
+BOOL WINAPI computer_name(LPWSTR sName, LPDWORD pnSize) {
+  const std::optional<std::string> sScripted = CurrentPlatform().ComputerName();
+  if (!sScripted) return FALSE;
+  const std::wstring sWide = com::to_wide(*sScripted);
+  if (!copy_text(sWide, sName, *pnSize)) return FALSE;
+  *pnSize = static_cast<DWORD>(sWide.size());
+  return TRUE;
+}
+
+DWORD WINAPI process_id() { return static_cast<DWORD>(CurrentPlatform().ProcessId()); }
+
+DWORD WINAPI module_file_name(HMODULE module, LPWSTR sPath, DWORD nSize) {
+  if (module != nullptr) return GetModuleFileNameW(module, sPath, nSize);
+  const std::wstring sProgram = com::to_wide(CurrentPlatform().ApplicationPath()) + L"\\host.exe";
+  return copy_text(sProgram, sPath, nSize) ? static_cast<DWORD>(sProgram.size()) : nSize;
+}
+
+DWORD WINAPI file_attributes(LPCWSTR sPath) {
+  const std::string sScripted = scripted_path(sPath);
+  if (!CurrentPlatform().FileExists(sScripted)) return INVALID_FILE_ATTRIBUTES;
+  return static_cast<DWORD>(CurrentPlatform().FileAttributes(sScripted));
+}
+
+BOOL WINAPI set_file_attributes(LPCWSTR sPath, DWORD nAttributes) {
+  CurrentPlatform().SetFileAttributes(scripted_path(sPath), static_cast<int>(nAttributes));
+  return TRUE;
+}
+
+/// The help viewer is the one program that the server starts.
+BOOL WINAPI create_process(LPCWSTR, LPWSTR sCommand, LPSECURITY_ATTRIBUTES, LPSECURITY_ATTRIBUTES, BOOL, DWORD, LPVOID,
+                           LPCWSTR, LPSTARTUPINFOW, LPPROCESS_INFORMATION process) {
+  constexpr std::wstring_view kViewer = L"hh.exe ";
+  const std::wstring sWhole(sCommand);
+  if (!sWhole.starts_with(kViewer)) return FALSE;
+  *process = {};
+  try {
+    CurrentPlatform().StartHelpViewer(scripted_path(sWhole.substr(kViewer.size())));
+  } catch (const AutomationError&) {
+    return FALSE;
+  }
+  return TRUE;
+}
+
+/// A picture of the server, which stands in a trace as the name that the rules gave.
+class NamedPicture final : public TestObject {
+ public:
+  explicit NamedPicture(std::string sName) : name_(std::move(sName)) {}
+  std::string type_name() const override { return "Picture"; }
+  std::string label() const override { return show(Variant(name_)); }
+  Variant invoke(Member member, Access, Arguments) override { no_such_member(member); }
+
+ private:
+  std::string name_;
+};
+
+std::string g_picture;  // the resource that was loaded last
+
+HANDLE WINAPI load_image(HINSTANCE instance, LPCWSTR sName, UINT nType, int nWidth, int nHeight, UINT nFlags) {
+  if (!IS_INTRESOURCE(sName)) g_picture = com::to_utf8(std::wstring_view(sName));
+  return LoadImageW(instance, sName, nType, nWidth, nHeight, nFlags);
+}
+
+HRESULT WINAPI create_picture(LPPICTDESC description, REFIID, BOOL bOwn, LPVOID* out) {
+  com::ComPtr<IPicture> real;
+  const HRESULT made = OleCreatePictureIndirect(description, IID_IPicture, bOwn, real.put_void());
+  if (FAILED(made)) return made;
+  return com::dispatch_of(make_object<NamedPicture>(g_picture))->QueryInterface(IID_IDispatch, out);
+}
+
+template <class Function>
+void* address(Function* function) {
+  return reinterpret_cast<void*>(function);
+}
+
+}  // namespace
+
+ScriptedMachine::ScriptedMachine(HMODULE server) {
+  const auto patch = [&](const char* sFunction, void* replacement) {
+    patches_.push_back(std::make_unique<ImportPatch>(server, sFunction, replacement));
+  };
+  patch("SetCursor", address(set_cursor));
+  patch("GetComputerNameW", address(computer_name));
+  patch("GetCurrentProcessId", address(process_id));
+  patch("GetModuleFileNameW", address(module_file_name));
+  patch("GetFileAttributesW", address(file_attributes));
+  patch("SetFileAttributesW", address(set_file_attributes));
+  patch("CreateProcessW", address(create_process));
+  patch("LoadImageW", address(load_image));
+  patch("OleCreatePictureIndirect", address(create_picture));
+}
+
+}  // namespace arap::testing
