@@ -67,16 +67,13 @@ std::shared_ptr<TypeRecord> BridgeState::type_of(IDispatch& object) {
     return std::make_shared<TypeRecord>("Object", nullptr);
   }
   const GUID id = TypeAttributes(info.get())->guid;
+  const auto known = types.find(id);
+  if (known != types.end() && known->second) return known->second;
+  const std::shared_ptr<const TypeShape> shape = shape_of(info.get());
+  auto type = std::make_shared<TypeRecord>(std::string(without_underscore(shape->name())), shape);
   // An object that grows members of its own shares its DISPIDs with no other.
-  if (id == GUID_NULL || query<IDispatchEx>(&object)) {
-    const std::shared_ptr<const TypeShape> shape = TypeShape::read(info.get());
-    return std::make_shared<TypeRecord>(std::string(without_underscore(shape->name())), shape);
-  }
-  std::shared_ptr<TypeRecord>& type = types[id];
-  if (!type) {
-    const std::shared_ptr<const TypeShape> shape = shape_of(info.get());
-    type = std::make_shared<TypeRecord>(std::string(without_underscore(shape->name())), shape);
-  }
+  const bool bShared = id != GUID_NULL && known == types.end() && !query<IDispatchEx>(&object);
+  if (id != GUID_NULL) types[id] = bShared ? type : nullptr;
   return type;
 }
 

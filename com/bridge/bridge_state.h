@@ -51,6 +51,7 @@ struct GuidHash {
 struct BridgeState {
   std::unordered_map<IUnknown*, DispatchObject*> wrappers;  // by the identity of the COM object
   std::unordered_map<Object*, IDispatch*> exposed;          // not counted: an entry goes with its COM object
+  /// Empty for a type whose objects have a record each.
   std::unordered_map<GUID, std::shared_ptr<TypeRecord>, GuidHash> types;
   std::unordered_map<GUID, std::shared_ptr<const TypeShape>, GuidHash> shapes;
   ComPtr<ITypeLib> library;                                                           // of the TypeLibraryUse in force

@@ -81,6 +81,7 @@ class PublicObject : public I, public ISupportErrorInfo, public IProvideClassInf
  protected:
   virtual ~PublicObject() {
     bridge_state().exposed.erase(object_.get());
+    // The terminator calls the host: an error object left over on the thread would be taken for one of its calls.
     SetErrorInfo(0, nullptr);
   }
 
