@@ -42,6 +42,9 @@ HRESULT IncomingCall::read(const Function* function, UINT* pnBad) {
 }
 
 HRESULT IncomingCall::place(const Function* function) {
+  const bool bTorn = params_.cNamedArgs > params_.cArgs || (params_.cArgs > 0 && params_.rgvarg == nullptr) ||
+                     (params_.cNamedArgs > 0 && params_.rgdispidNamedArgs == nullptr);
+  if (bTorn) return E_INVALIDARG;
   const std::size_t nPositional = params_.cArgs - params_.cNamedArgs;
   if (function != nullptr && !function->bVararg && params_.cArgs > function->aParameters.size()) {
     return DISP_E_BADPARAMCOUNT;

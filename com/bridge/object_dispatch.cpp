@@ -81,6 +81,7 @@ HRESULT find_names(const TypeShape* shape, LPOLESTR* names, UINT nNames, DISPID*
   try {
     bool bAll = true;
     for (UINT i = 0; i < nNames; ++i) {
+      if (names[i] == nullptr) return E_POINTER;
       const std::string sName = to_utf8(std::wstring_view(names[i]));
       ids[i] = i == 0 ? id_of_name(shape, sName) : id_of_parameter(shape, ids[0], sName);
       bAll = bAll && ids[i] != DISPID_UNKNOWN;
@@ -177,12 +178,14 @@ HRESULT ObjectDispatch::GetTypeInfo(UINT nIndex, LCID, ITypeInfo** out) {
   return S_OK;
 }
 
-HRESULT ObjectDispatch::GetIDsOfNames(REFIID, LPOLESTR* names, UINT nNames, LCID, DISPID* ids) {
+HRESULT ObjectDispatch::GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT nNames, LCID, DISPID* ids) {
+  if (reserved != IID_NULL) return DISP_E_UNKNOWNINTERFACE;
   return find_names(shape(), names, nNames, ids);
 }
 
-HRESULT ObjectDispatch::Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* params, VARIANT* answer,
+HRESULT ObjectDispatch::Invoke(DISPID id, REFIID reserved, LCID, WORD flags, DISPPARAMS* params, VARIANT* answer,
                                EXCEPINFO* info, UINT* pnBad) {
+  if (reserved != IID_NULL) return DISP_E_UNKNOWNINTERFACE;
   if (!apartment_.is_here()) return RPC_E_WRONG_THREAD;
   return invoke_object(*object_.get(), shape(), id, flags, params, answer, info, pnBad);
 }

@@ -114,7 +114,7 @@ HRESULT store(VARTYPE type, void* place, OwnedVariant& value) {
 
 const VARIANT& target_of(const VARIANT& value) {
   const VARIANT* target = &value;
-  while (target->vt == (VT_BYREF | VT_VARIANT)) target = target->pvarVal;
+  while (target->vt == (VT_BYREF | VT_VARIANT) && target->pvarVal != nullptr) target = target->pvarVal;
   return *target;
 }
 
@@ -126,7 +126,10 @@ Variant to_variant(const VARIANT& value) {
     case VT_DECIMAL: return decimal_number(target.decVal);
     default: break;
   }
-  if ((target.vt & VT_BYREF) != 0) return value_at(target.vt & ~VT_BYREF, target.byref);
+  if ((target.vt & VT_BYREF) != 0) {
+    if (target.byref == nullptr) no_such_type(target.vt);
+    return value_at(target.vt & ~VT_BYREF, target.byref);
+  }
   return value_at(target.vt, &target.bVal);
 }
 

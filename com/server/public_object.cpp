@@ -26,7 +26,8 @@ class ArrayAccess {
 std::vector<Variant> values_of(SAFEARRAY* array) {
   std::vector<Variant> values;
   if (array == nullptr) return values;
-  if (SafeArrayGetDim(array) != 1 || SafeArrayGetElemsize(array) != sizeof(VARIANT)) {
+  VARTYPE type = VT_EMPTY;
+  if (SafeArrayGetDim(array) != 1 || FAILED(SafeArrayGetVartype(array, &type)) || type != VT_VARIANT) {
     throw AutomationError(ErrorNumber::TypeMismatch);
   }
   for (const VARIANT& value : ArrayAccess(array)) values.push_back(to_variant(value));

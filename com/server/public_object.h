@@ -54,11 +54,13 @@ class PublicObject : public I, public ISupportErrorInfo, public IProvideClassInf
     *out = ComPtr<ITypeInfo>(info_).detach();
     return S_OK;
   }
-  HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR* names, UINT nNames, LCID, DISPID* ids) final {
+  HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT nNames, LCID, DISPID* ids) final {
+    if (reserved != IID_NULL) return DISP_E_UNKNOWNINTERFACE;
     return find_names(shape_.get(), names, nNames, ids);
   }
-  HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* params, VARIANT* answer,
+  HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID reserved, LCID, WORD flags, DISPPARAMS* params, VARIANT* answer,
                                    EXCEPINFO* info, UINT* pnBad) final {
+    if (reserved != IID_NULL) return DISP_E_UNKNOWNINTERFACE;
     if (!apartment_.is_here()) return RPC_E_WRONG_THREAD;
     return invoke_object(*object_.get(), shape_.get(), id, flags, params, answer, info, pnBad);
   }
