@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Runs a Windows program of this checkout headless: tools/wine.sh x64|x86 PROGRAM ARGUMENT...; `tools/wine.sh wait` waits until
-# Wine has ended. ARAP_WINE_TIMEOUT is the limit in seconds (300). Ends with 77 where this bitness can't be run.
+# Wine has ended. ARAP_WINE_TIMEOUT is the limit in seconds (600). Ends with 77 where this bitness can't be run.
 set -euo pipefail
 root=$(cd "$(dirname "$0")/.." && pwd)
 skipped=77
@@ -19,4 +19,4 @@ case "$bits" in
   wait) exec timeout -k 5 60 /usr/lib/wine/wineserver64 -w ;;
   x86) [ -d "$dlls" ] || { echo "the 32-bit half of Wine isn't here" >&2; exit $skipped; } ;;
 esac
-exec timeout -k 5 "${ARAP_WINE_TIMEOUT:-300}" /usr/lib/wine/wine64 "$@"
+exec timeout -k 5 "${ARAP_WINE_TIMEOUT:-600}" /usr/lib/wine/wine64 "$@"
