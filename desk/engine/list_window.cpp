@@ -63,6 +63,19 @@ struct ListBand {
   std::vector<std::string_view> aTools;
 };
 
+struct ListTool {
+  std::string_view sName;
+  std::string_view sCaption;
+};
+
+/// What the list's own commands are called. A command without a caption is one that the desk doesn't serve; no view
+/// shows it.
+constexpr std::array kListTools{
+    ListTool{"mnuFileNew", "新增"},    ListTool{"mnuFileView", "查看"},   ListTool{"mnuEditModify", "修改"},
+    ListTool{"mnuEditDelete", "删除"}, ListTool{"mnuDataFilter", "筛选"}, ListTool{"mnuDataRefesh", "刷新"},
+    ListTool{"mnuExportData", "导出"}, ListTool{"mnuFileExit", "退出"},
+};
+
 /// The bar of every list of the desk.
 const std::vector<ListBand>& list_bands() {
   static const std::vector<ListBand> kBands{
@@ -87,6 +100,15 @@ const std::vector<ListBand>& list_bands() {
   return kBands;
 }
 
+/// The column of an entry that keeps the number of its source.
+const std::string& source_number_column(const BillTemplate& bill) {
+  for (const std::size_t nField : bill.page(2).aFields) {
+    if (bill.field(nField).sSource == "FBillNo") return bill.field(nField).sColumn;
+  }
+  throw DeskError(ErrorKind::BadValue, "no field of the body takes the source's number", bill.sCaption,
+                  "give one field the source FBillNo");
+}
+
 Ref<arap::Object> record_of(const Value& vValue) {
   const auto oRecord = arap::make_object<HostDictionary>();
   oRecord->set("FFLD", vValue);
@@ -108,6 +130,10 @@ void ListWindow::build_bar() {
       bar_->add_tool(sTool);
       bar_->place(added, sTool);
     }
+  }
+  for (const ListTool& tool : kListTools) {
+    bar_->find_tool(tool.sName)->sCaption = tool.sCaption;
+    bar_->find_tool(tool.sName)->sDescription = tool.sCaption;
   }
 }
 
@@ -134,10 +160,15 @@ void ListWindow::fire(Event event, Arguments args) {
 void ListWindow::refresh() {
   const std::string& sHead = template_->page(1).sTable;
   const std::string& sBody = template_->page(2).sTable;
+  const TemplateField& partner = template_->field(template_->find_key(template_->sPartnerField));
   lines_ = database_.query(
-      "SELECT h.FBillID, h.FBillNo, h.FDate, h.FStatus, h.FAmountFor, e.FIndex, e.FInterID,"
-      " e.FBillSettleAmountFor FROM " +
-      sHead + " h LEFT JOIN " + sBody + " e ON e.FBillID = h.FBillID ORDER BY h.FBillNo, h.FBillID, e.FIndex");
+      "SELECT h.FBillID, h.FBillNo, h.FDate, p.FName AS FPartner, c.FName AS FCurrency, h.FStatus,"
+      " h.FAmountFor, h.FChecker, h.FExplanation, e.FIndex, e.FInterID, e." +
+      source_number_column(*template_) + " AS FSourceNo, e.FBillSettleAmountFor FROM " + sHead + " h LEFT JOIN " +
+      sBody + " e ON e.FBillID = h.FBillID LEFT JOIN " + partner.lookUp->sTable + " p ON p." +
+      partner.lookUp->sKeyColumn + " = h." + partner.sColumn +
+      " LEFT JOIN t_Currency c ON c.FCurrencyID = h.FCurrencyID"
+      " ORDER BY h.FBillNo, h.FBillID, e.FIndex");
   selection_.clear();
   ++refreshes_;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -43,6 +44,8 @@ class Session {
   std::vector<HelpCall> help_calls;
   std::vector<std::string> shown_vouchers;
   std::vector<std::string> shown_results;
+  /// Hears each line of a result list when it is made, which is after each bill of a batch.
+  std::function<void()> result_line_made;
 
  private:
   Database& database_;

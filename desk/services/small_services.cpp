@@ -45,10 +45,11 @@ class ResultGrid final : public Component {
   explicit ResultGrid(Session& session) : Component("DispBuilder") {
     for (const Member member : {Member::Cols, Member::Titles, Member::SetColWidth})
       on(member, [](Arguments) { return Variant(); });
-    on(Member::Add, [this](Arguments args) {
+    on(Member::Add, [this, &session](Arguments args) {
       std::string sLine = text_argument(args, 0);
       if (sLine.ends_with('|')) sLine.pop_back();
       text_ += (text_.empty() ? "" : "\n") + sLine;
+      if (session.result_line_made) session.result_line_made();
       return Variant();
     });
     on(Member::Show, [this, &session](Arguments) {

@@ -6,7 +6,6 @@
 #include <QToolBar>
 
 #include <algorithm>
-#include <array>
 #include <set>
 
 #include "frame/conversions.h"
@@ -16,21 +15,11 @@ namespace desk {
 
 namespace {
 
-struct Shortcut {
-  std::string_view sTool;
-  const char* sKeys;
-};
-constexpr std::array kShortcuts{
-    Shortcut{"mnuFileNew", "Ctrl+N"},        Shortcut{"mnuFileSave", "Ctrl+S"},
-    Shortcut{"mnuFilePrint", "Ctrl+P"},      Shortcut{"mnuFileExit", "Ctrl+W"},
-    Shortcut{"mnuEditCheck", "F4"},          Shortcut{"mnuEditUnCheck", "Shift+F4"},
-    Shortcut{"mnuDataAutoSumAmt", "F8"},     Shortcut{"mnuDataAutoPartAmt", "Shift+F8"},
-    Shortcut{"mnuEditAddRow", "Ctrl+Ins"},   Shortcut{"mnuEditDelRow", "Ctrl+Del"},
-    Shortcut{"mnuSelectBill_2000001", "F6"}, Shortcut{"mnuSelectBill_2000002", "F6"},
-    Shortcut{"mnuViewVch", "Ctrl+Shift+V"},
-};
+/// Commands that a user must reach, in whatever band they stand or in none: selections, and the bill's voucher.
+bool must_be_reached(const BarTool& tool) {
+  return tool.sName.starts_with("mnuSelectBill_2") || arap::EqualsNoCase(tool.sName, "mnuViewVch");
+}
 
-/// Selection commands that stand in no band.
 std::vector<const BarTool*> unplaced(const Bar& bar) {
   std::set<const BarTool*> placed;
   for (const auto& band : bar.bands()) {
@@ -38,7 +27,7 @@ std::vector<const BarTool*> unplaced(const Bar& bar) {
   }
   std::vector<const BarTool*> tools;
   for (const auto& tool : bar.tools()) {
-    if (!placed.contains(tool.get()) && tool->sName.starts_with("mnuSelectBill_2")) tools.push_back(tool.get());
+    if (!placed.contains(tool.get()) && must_be_reached(*tool)) tools.push_back(tool.get());
   }
   return tools;
 }
@@ -51,16 +40,16 @@ void add_separator(QWidget& place) {
 
 }  // namespace
 
-QString shortcut_of(const std::string& sTool) {
-  const auto found = std::find_if(kShortcuts.begin(), kShortcuts.end(),
+QKeySequence BarView::keys_of(const std::string& sTool) const {
+  const auto found = std::find_if(layout_.shortcuts.begin(), layout_.shortcuts.end(),
                                   [&](const Shortcut& each) { return arap::EqualsNoCase(each.sTool, sTool); });
-  return found == kShortcuts.end() ? QString() : QString::fromLatin1(found->sKeys);
+  return found == layout_.shortcuts.end() ? QKeySequence() : QKeySequence(QString::fromLatin1(found->sKeys));
 }
 
-BarView::BarView(Bar& bar, std::string sToolBand, QMenuBar& menus, QToolBar& tools, Press press, QObject* pParent)
+BarView::BarView(Bar& bar, BarLayout barLayout, QMenuBar& menus, QToolBar& tools, Press press, QObject* pParent)
     : QObject(pParent),
       bar_(bar),
-      tool_band_(std::move(sToolBand)),
+      layout_(std::move(barLayout)),
       menus_(menus),
       tools_(tools),
       press_(std::move(press)) {
@@ -83,7 +72,7 @@ QAction* BarView::add_action(BarTool& tool) {
   if (!bNew) return place->second;
   auto* pAction = new QAction(this);
   pAction->setObjectName(qt(tool.sName));
-  pAction->setShortcut(QKeySequence(shortcut_of(tool.sName)));
+  pAction->setShortcut(keys_of(tool.sName));
   connect(pAction, &QAction::triggered, this, [this, sName = tool.sName] { press_(sName); });
   tools_.parentWidget()->addAction(pAction);
   return place->second = pAction;
@@ -93,7 +82,7 @@ void BarView::build() {
   menus_.clear();
   tools_.clear();
   for (const auto& band : bar_.bands()) {
-    const bool bToolBar = arap::EqualsNoCase(band->sName, tool_band_);
+    const bool bToolBar = arap::EqualsNoCase(band->sName, layout_.sToolBand);
     if (!bToolBar && band->aTools.empty()) continue;
     QWidget* pPlace = bToolBar ? static_cast<QWidget*>(&tools_) : menus_.addMenu(qt(band->sCaption));
     for (const auto& tool : band->aTools) {

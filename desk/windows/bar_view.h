@@ -4,26 +4,40 @@
 
 #include <functional>
 #include <map>
+#include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "engine/bars.h"
 
 class QAction;
+class QKeySequence;
 class QMenuBar;
 class QToolBar;
 
 namespace desk {
 
-/// The bar of a window as menus and a toolbar: visible, enabled, checked, caption and group as the bar has them. A
-/// selection command that no band holds stands at the end of the toolbar, so that it can be reached.
+/// The key that runs a command of a bar.
+struct Shortcut {
+  std::string_view sTool;
+  const char* sKeys;
+};
+
+/// How a bar is laid out: the band that becomes the toolbar, while the others become menus, and its keys.
+struct BarLayout {
+  std::string sToolBand;
+  std::span<const Shortcut> shortcuts;
+};
+
+/// The bar of a window as menus and a toolbar: visible, enabled, checked, caption and group as the bar has them. The
+/// selections and the voucher command stand at the end of the toolbar when no band holds them.
 class BarView final : public QObject {
   Q_OBJECT
  public:
   using Press = std::function<void(const std::string& sTool)>;
 
-  /// `sToolBand` is the band that becomes the toolbar, the others become menus.
-  BarView(Bar& bar, std::string sToolBand, QMenuBar& menus, QToolBar& tools, Press press, QObject* pParent);
+  BarView(Bar& bar, BarLayout barLayout, QMenuBar& menus, QToolBar& tools, Press press, QObject* pParent);
 
   /// After each command: what the bar looks like now.
   void refresh();
@@ -32,18 +46,16 @@ class BarView final : public QObject {
  private:
   void build();
   QAction* add_action(BarTool& tool);
+  QKeySequence keys_of(const std::string& sTool) const;
   std::vector<std::vector<const BarTool*>> layout() const;
 
   Bar& bar_;
-  std::string tool_band_;
+  BarLayout layout_;
   QMenuBar& menus_;
   QToolBar& tools_;
   Press press_;
   std::map<std::string, QAction*> actions_;
   std::vector<std::vector<const BarTool*>> built_;
 };
-
-/// The key that runs a command, "" for none: Ctrl+S saves, Ctrl+N makes a new bill and so on.
-QString shortcut_of(const std::string& sTool);
 
 }  // namespace desk

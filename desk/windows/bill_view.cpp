@@ -7,6 +7,8 @@
 #include <QToolBar>
 #include <QVBoxLayout>
 
+#include <array>
+
 #include "frame/contract_bill.h"
 #include "frame/conversions.h"
 #include "windows/captions.h"
@@ -23,6 +25,15 @@ namespace desk {
 namespace {
 
 constexpr std::string_view kToolBand = "BandToolBar";
+constexpr std::array kBillShortcuts{
+    Shortcut{"mnuFileNew", "Ctrl+N"},        Shortcut{"mnuFileSave", "Ctrl+S"},
+    Shortcut{"mnuFilePrint", "Ctrl+P"},      Shortcut{"mnuFileExit", "Ctrl+W"},
+    Shortcut{"mnuEditCheck", "F4"},          Shortcut{"mnuEditUnCheck", "Shift+F4"},
+    Shortcut{"mnuDataAutoSumAmt", "F8"},     Shortcut{"mnuDataAutoPartAmt", "Shift+F8"},
+    Shortcut{"mnuEditAddRow", "Ctrl+Ins"},   Shortcut{"mnuEditDelRow", "Ctrl+Del"},
+    Shortcut{"mnuSelectBill_2000001", "F6"}, Shortcut{"mnuSelectBill_2000002", "F6"},
+    Shortcut{"mnuViewVch", "Ctrl+Shift+V"},
+};
 constexpr std::int32_t kFirstPanel = 1;
 constexpr std::int32_t kLastPanel = 8;
 
@@ -36,7 +47,7 @@ CurrencyNames currency_names(Database& database) {
 }  // namespace
 
 BillView::BillView(DeskSeat& seat, const std::string& sTemplate, QWidget* pParent)
-    : QWidget(pParent), seat_(seat), template_(sTemplate) {
+    : QWidget(pParent), seat_(seat), template_(sTemplate), runner_(seat.log), news_(seat.session) {
   Host host = seat_host(seat_.session, seat_.sToday);
   host.choose_sources = [this](const SourceList& list) { return choose_sources(list); };
   window_ = open_bill_window(std::move(host), BillTemplate::shipped(sTemplate));
@@ -63,8 +74,8 @@ void BillView::build() {
   body_ = new BodyGrid(
       *model_, [this](const std::string& sKey) { return window_->choices(sKey); }, this);
   bars_ = new BarView(
-      window_->bar(), std::string(kToolBand), *pMenus, *pTools, [this](const std::string& sTool) { press(sTool); },
-      this);
+      window_->bar(), {std::string(kToolBand), kBillShortcuts}, *pMenus, *pTools,
+      [this](const std::string& sTool) { press(sTool); }, this);
   auto* pStatus = new QWidget(this);
   auto* pStatusLine = new QHBoxLayout(pStatus);
   pStatusLine->setContentsMargins(8, 2, 8, 2);
@@ -72,6 +83,7 @@ void BillView::build() {
   message_->setObjectName(QStringLiteral("message"));
   panels_ = new QLabel(pStatus);
   state_ = new QLabel(pStatus);
+  state_->setObjectName(QStringLiteral("state"));
   pStatusLine->addWidget(message_, 1);
   pStatusLine->addWidget(panels_);
   pStatusLine->addWidget(state_);
@@ -101,6 +113,11 @@ bool BillView::open_bill(std::int32_t nBillID) {
   });
 }
 
+void BillView::reload() {
+  const std::int32_t nBillID = window_->bill_id();
+  if (nBillID != 0 && may_close()) open_bill(nBillID);
+}
+
 bool BillView::shows(const std::string& sTemplate, std::int32_t nBillID) const {
   return sTemplate == template_ && window_->bill_id() == nBillID;
 }
@@ -110,28 +127,16 @@ void BillView::focus_first_field() {
 }
 
 bool BillView::run(const QString& sName, const std::function<Outcome()>& work) {
-  if (running_ || window_->closed()) return false;
-  running_ = true;
-  seat_.log.begin(sName);
-  QApplication::setOverrideCursor(Qt::WaitCursor);
-  Outcome outcome;
-  try {
-    outcome = work();
-  } catch (const arap::AutomationError& error) {
-    outcome = Outcome::refused(error.description());
-  } catch (const DeskError& error) {
-    outcome = Outcome::refused(error.what());
-  }
-  QApplication::restoreOverrideCursor();
-  seat_.log.end();
-  running_ = false;
-  say(qt(outcome.sReason), !outcome);
+  if (window_->closed()) return false;
+  const auto outcome = runner_.run(sName, work);
+  if (!outcome) return false;
+  say(qt(outcome->sReason), !outcome->bDone);
   if (window_->closed()) {
     Q_EMIT closed();
   } else {
     refresh();
   }
-  return outcome.bDone;
+  return outcome->bDone;
 }
 
 bool BillView::enter(const std::string& sKey, int nRow, const QString& sText) {
@@ -146,11 +151,12 @@ void BillView::press(const std::string& sTool) {
   body_->enter_now();
   if (auto* pEdit = qobject_cast<FieldEdit*>(QApplication::focusWidget()); pEdit != nullptr && isAncestorOf(pEdit))
     pEdit->enter_now();
-  if (arap::EqualsNoCase(sTool, "mnuFileExit") && !may_close()) return;
+  const bool bLeavesBill = arap::EqualsNoCase(sTool, "mnuFileExit") || arap::EqualsNoCase(sTool, "mnuFileNew");
+  if (bLeavesBill && !may_close()) return;
   const BarTool* pTool = window_->bar().find_tool(sTool);
   const QString sName = pTool != nullptr && !pTool->sCaption.empty() ? qt(pTool->sCaption) : qt(sTool);
   const bool bDone = run(sName, [&] { return window_->press(sTool); });
-  show_news();
+  news_.show(this);
   if (window_->closed()) return;
   if (bDone && arap::EqualsNoCase(sTool, "mnuFilePreview")) preview_bill(*window_, this);
   if (bDone && arap::EqualsNoCase(sTool, "mnuFilePrint")) print_bill(*window_, this);
@@ -173,12 +179,6 @@ std::vector<std::size_t> BillView::choose_sources(const SourceList& list) {
   const auto chosen = SelectionDialog(list, currency_names(seat_.database()), this).choose();
   QApplication::restoreOverrideCursor();
   return chosen;
-}
-
-void BillView::show_news() {
-  const auto& vouchers = seat_.session.shown_vouchers;
-  if (vouchers_seen_ < vouchers.size()) show_text(words("凭证"), qt(vouchers.back()), this);
-  vouchers_seen_ = vouchers.size();
 }
 
 void BillView::refresh() {

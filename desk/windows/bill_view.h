@@ -8,8 +8,10 @@
 
 #include "windows/bar_view.h"
 #include "windows/body_grid.h"
+#include "windows/command_runner.h"
 #include "windows/desk_seat.h"
 #include "windows/head_form.h"
+#include "windows/seat_news.h"
 
 class QLabel;
 
@@ -28,6 +30,10 @@ class BillView final : public QWidget {
   bool open_bill(std::int32_t nBillID);
   /// Runs a command of the bars, once: a press while another command runs is passed over.
   void press(const std::string& sTool);
+  /// Reads the bill anew, unless the user wants to keep changes: another seat may have let it go by now.
+  void reload();
+  /// The desk's own words in the language of now.
+  void retranslate() { refresh_status(); }
   /// Asks about unsaved changes. False when the user wants to go on.
   bool may_close();
 
@@ -57,7 +63,6 @@ class BillView final : public QWidget {
   void refresh();
   void refresh_status();
   QString state_text() const;
-  void show_news();
   void say(const QString& sText, bool bTrouble);
 
   DeskSeat& seat_;
@@ -70,8 +75,8 @@ class BillView final : public QWidget {
   QLabel* message_ = nullptr;
   QLabel* panels_ = nullptr;
   QLabel* state_ = nullptr;
-  bool running_ = false;
-  std::size_t vouchers_seen_ = 0;
+  CommandRunner runner_;
+  SeatNews news_;
 };
 
 }  // namespace desk

@@ -10,6 +10,7 @@
 #include "windows/captions.h"
 #include "windows/cell_delegate.h"
 #include "windows/qt_text.h"
+#include "windows/states.h"
 
 namespace desk {
 
@@ -18,6 +19,7 @@ namespace {
 /// The columns that stay in view: what names the source.
 constexpr int kFrozenColumns = 2;
 constexpr int kWidestColumn = 220;
+constexpr int kColumnAir = 8;
 
 /// The strip under the grid, in line with its columns.
 class TotalsRow final : public QWidget {
@@ -62,7 +64,9 @@ BodyGrid::BodyGrid(BodyModel& model, ChoicesOf choices, QWidget* pParent)
   setSelectionMode(SingleSelection);
   setTabKeyNavigation(true);
   setAlternatingRowColors(false);
-  verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
+  verticalHeader()->setDefaultSectionSize(line_height(*this));
+  // Widths come from the rows on the screen; to ask all of ten thousand takes longer than loading them.
+  horizontalHeader()->setResizeContentsPrecision(0);
   freeze_first_columns();
 }
 
@@ -91,12 +95,22 @@ void BodyGrid::freeze_first_columns() {
   });
 }
 
-void BodyGrid::refresh() {
-  if (model_.rowCount() > 0) {
-    resizeColumnsToContents();
-    for (int nColumn = 0; nColumn < model_.columnCount(); ++nColumn)
-      setColumnWidth(nColumn, std::min(columnWidth(nColumn) + 8, kWidestColumn));
+/// A column is as wide as its caption, its total and its cells on the screen need; later it only grows, so that widths
+/// set by hand stay.
+void BodyGrid::fit_columns() {
+  const bool bNew = fitted_ != model_.columnCount();
+  fitted_ = model_.columnCount();
+  for (int nColumn = 0; nColumn < model_.columnCount(); ++nColumn) {
+    const int nTotal = fontMetrics().horizontalAdvance(model_.total(nColumn));
+    const int nNeeded =
+        std::max({sizeHintForColumn(nColumn), horizontalHeader()->sectionSizeHint(nColumn), nTotal}) + kColumnAir;
+    const int nWidth = std::min(nNeeded, kWidestColumn);
+    if (bNew || nWidth > columnWidth(nColumn)) setColumnWidth(nColumn, nWidth);
   }
+}
+
+void BodyGrid::refresh() {
+  fit_columns();
   for (int nColumn = 0; nColumn < model_.columnCount(); ++nColumn) {
     frozen_->setColumnHidden(nColumn, nColumn >= kFrozenColumns);
     frozen_->setColumnWidth(nColumn, columnWidth(nColumn));

@@ -35,6 +35,7 @@ class BodyGrid final : public QTableView {
 
  private:
   void freeze_first_columns();
+  void fit_columns();
   void place_frozen();
   void place_totals();
   void go_down();
@@ -44,6 +45,7 @@ class BodyGrid final : public QTableView {
   ChoicesOf choices_;
   QTableView* frozen_;
   QWidget* totals_;
+  int fitted_ = -1;  // the number of columns that were given their widths
 };
 
 }  // namespace desk

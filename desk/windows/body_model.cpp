@@ -26,6 +26,7 @@ std::vector<std::size_t> BodyModel::visible_fields() const {
 void BodyModel::refresh() {
   const int nRows = static_cast<int>(window_.body().size());
   std::vector<std::size_t> columns = visible_fields();
+  totals_.assign(columns.size(), std::nullopt);
   if (nRows != rows_ || columns != columns_) {
     beginResetModel();
     rows_ = nRows;
@@ -55,7 +56,12 @@ bool BodyModel::in_one_currency() const {
 }
 
 QString BodyModel::total(int nColumn) const {
-  const TemplateField& column = field(nColumn);
+  std::optional<QString>& total = totals_[static_cast<std::size_t>(nColumn)];
+  if (!total) total = sum_of(field(nColumn));
+  return *total;
+}
+
+QString BodyModel::sum_of(const TemplateField& column) const {
   if (column.kind != FieldKind::Money || rows_ == 0) return {};
   const bool bOwnCurrency = column.sKey.ends_with("For");
   if (bOwnCurrency && !in_one_currency()) return {};

@@ -3,6 +3,7 @@
 #include <QAbstractTableModel>
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -25,7 +26,7 @@ class BodyModel final : public QAbstractTableModel {
   const TemplateField& field(int nColumn) const;
   int column_of(std::string_view sKey) const;
   /// The total of a money column as its cells show amounts; "" for another column, and for amounts of several
-  /// currencies, which have no total.
+  /// currencies, which have no total. Kept until the next refresh.
   QString total(int nColumn) const;
 
   int rowCount(const QModelIndex& parent = {}) const override;
@@ -38,11 +39,13 @@ class BodyModel final : public QAbstractTableModel {
  private:
   std::vector<std::size_t> visible_fields() const;
   bool in_one_currency() const;
+  QString sum_of(const TemplateField& column) const;
 
   BillWindow& window_;
   Enter enter_;
   std::vector<std::size_t> columns_;
   int rows_ = 0;
+  mutable std::vector<std::optional<QString>> totals_;  // by column, worked out when first asked for
 };
 
 }  // namespace desk

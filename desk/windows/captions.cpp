@@ -83,6 +83,16 @@ constexpr std::array kCaptions{
     Caption{"折扣金额", "Discount"},
     Caption{"审核人", "Checked by"},
     Caption{"摘要", "Note"},
+    Caption{"源单编号", "Source"},
+    Caption{"本次核销", "Settled here"},
+    Caption{"共%1行", "%1 lines"},
+    Caption{"共%1行，已选%2张单据", "%1 lines, %2 bills chosen"},
+    Caption{"操作结果", "Result"},
+    Caption{"提示信息", "What was said"},
+    Caption{"成功%1张，未成功%2张", "%1 done, %2 not done"},
+    Caption{"导出CSV", "Export CSV"},
+    Caption{"文件“%1”无法写入。", "The file \"%1\" can't be written."},
+    Caption{"%1：第%2张，共%3张", "%1: bill %2 of %3"},
 };
 
 Language& chosen() {

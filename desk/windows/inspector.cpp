@@ -50,31 +50,41 @@ void append_text(const QTreeWidgetItem& item, int nDepth, QString& sText) {
 }  // namespace
 
 Inspector::Inspector(CommandLog& log, QWidget* pParent)
-    : QDockWidget(words("检查器"), pParent), log_(log), filter_(new QLineEdit), tree_(new QTreeWidget) {
+    : QDockWidget(pParent),
+      log_(log),
+      filter_(new QLineEdit),
+      copy_(new QPushButton),
+      clear_(new QPushButton),
+      tree_(new QTreeWidget) {
   setObjectName(QStringLiteral("inspector"));
   auto* pInside = new QWidget(this);
   auto* pLayout = new QVBoxLayout(pInside);
   auto* pLine = new QHBoxLayout;
-  auto* pCopy = new QPushButton(words("复制"));
-  auto* pClear = new QPushButton(words("清空"));
-  filter_->setPlaceholderText(words("筛选"));
   filter_->setClearButtonEnabled(true);
   pLine->addWidget(filter_);
-  pLine->addWidget(pCopy);
-  pLine->addWidget(pClear);
+  pLine->addWidget(copy_);
+  pLine->addWidget(clear_);
   pLayout->addLayout(pLine);
   pLayout->addWidget(tree_);
   setWidget(pInside);
-  tree_->setHeaderLabels({words("内容"), words("用时(毫秒)")});
+  retranslate();
   tree_->header()->setStretchLastSection(false);
   tree_->header()->setSectionResizeMode(0, QHeaderView::Stretch);
   tree_->setUniformRowHeights(true);
   connect(filter_, &QLineEdit::textChanged, this, &Inspector::narrow);
-  connect(pCopy, &QPushButton::clicked, this, [this] { QApplication::clipboard()->setText(text()); });
-  connect(pClear, &QPushButton::clicked, &log_, &CommandLog::clear);
+  connect(copy_, &QPushButton::clicked, this, [this] { QApplication::clipboard()->setText(text()); });
+  connect(clear_, &QPushButton::clicked, &log_, &CommandLog::clear);
   connect(&log_, &CommandLog::changed, this, &Inspector::show_commands);
   // A hidden inspector costs nothing; it catches up when it is shown.
   connect(this, &QDockWidget::visibilityChanged, this, &Inspector::show_commands);
+}
+
+void Inspector::retranslate() {
+  setWindowTitle(words("检查器"));
+  copy_->setText(words("复制"));
+  clear_->setText(words("清空"));
+  filter_->setPlaceholderText(words("筛选"));
+  tree_->setHeaderLabels({words("内容"), words("用时(毫秒)")});
 }
 
 void Inspector::show_commands() {

@@ -5,6 +5,7 @@
 #include "windows/command_log.h"
 
 class QLineEdit;
+class QPushButton;
 class QTreeWidget;
 class QTreeWidgetItem;
 
@@ -19,6 +20,8 @@ class Inspector final : public QDockWidget {
 
   /// The lines in view as text, indented as the tree is.
   QString text() const;
+  /// The desk's own words in the language of now.
+  void retranslate();
 
  private:
   void show_commands();
@@ -27,6 +30,8 @@ class Inspector final : public QDockWidget {
 
   CommandLog& log_;
   QLineEdit* filter_;
+  QPushButton* copy_;
+  QPushButton* clear_;
   QTreeWidget* tree_;
 };
 

@@ -3,37 +3,31 @@
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
-#include <QHeaderView>
-#include <QLineEdit>
+#include <QFileDialog>
 #include <QListWidget>
 #include <QMenuBar>
-#include <QSortFilterProxyModel>
+#include <QMessageBox>
 #include <QSplitter>
 #include <QStatusBar>
-#include <QTabBar>
 #include <QTabWidget>
 #include <QTableView>
-#include <QVBoxLayout>
 
-#include "windows/captions.h"
 #include "windows/inspector.h"
 #include "windows/message_box.h"
+#include "windows/print_bill.h"
 #include "windows/qt_text.h"
+#include "windows/rooms.h"
 
 namespace desk {
 
 namespace {
-constexpr int kRoomsWidth = 150;
-}
+
+constexpr int kRoomsWidth = 130;
+
+}  // namespace
 
 MainWindow::MainWindow(DeskSeat& seat)
-    : seat_(seat),
-      rooms_(new QListWidget),
-      tabs_(new QTabWidget),
-      list_page_(new QWidget),
-      list_(new QTableView),
-      filter_(new QLineEdit),
-      inspector_(new Inspector(seat.log, this)) {
+    : seat_(seat), rooms_(new QListWidget), tabs_(new QTabWidget), inspector_(new Inspector(seat.log, this)) {
   resize(1280, 800);
   seat_.session.platform().set_ask_user([this](const ShownMessage& message) {
     QApplication::setOverrideCursor(Qt::ArrowCursor);
@@ -42,108 +36,167 @@ MainWindow::MainWindow(DeskSeat& seat)
     QApplication::restoreOverrideCursor();
     return nAnswer;
   });
-  for (const BookList& each : book_lists()) models_.push_back(new BookListModel(seat_.database(), each, this));
-  build_rooms();
-  addDockWidget(Qt::RightDockWidgetArea, inspector_);
-  inspector_->hide();
-  build_menus();
+  build();
   change_language(language());
   show_room(0);
 }
 
-MainWindow::~MainWindow() { seat_.session.platform().set_ask_user({}); }
+MainWindow::~MainWindow() {
+  seat_.session.platform().set_ask_user({});
+  // What the tabs have to say on their way out no longer reaches anybody.
+  disconnect(tabs_, nullptr, this, nullptr);
+}
 
-void MainWindow::build_rooms() {
+void MainWindow::build() {
   auto* pSplitter = new QSplitter;
   rooms_->setObjectName(QStringLiteral("rooms"));
-  rooms_->setMaximumWidth(kRoomsWidth);
-  for (const BookListModel* pModel : models_) rooms_->addItem(words(pModel->list().sCaption));
+  for (const Room& room : rooms()) rooms_->addItem(words(room.sCaption));
+  tabs_->setTabsClosable(true);
+  tabs_->setDocumentMode(true);
+  tabs_->setMovable(true);
   pSplitter->addWidget(rooms_);
   pSplitter->addWidget(tabs_);
   pSplitter->setStretchFactor(1, 1);
   pSplitter->setSizes({kRoomsWidth, width() - kRoomsWidth});
   setCentralWidget(pSplitter);
-  auto* pLayout = new QVBoxLayout(list_page_);
-  filter_->setObjectName(QStringLiteral("filter"));
-  filter_->setClearButtonEnabled(true);
-  list_->setObjectName(QStringLiteral("list"));
-  list_->setModel(new QSortFilterProxyModel(this));
-  static_cast<QSortFilterProxyModel*>(list_->model())->setFilterKeyColumn(-1);
-  static_cast<QSortFilterProxyModel*>(list_->model())->setFilterCaseSensitivity(Qt::CaseInsensitive);
-  list_->setSelectionBehavior(QAbstractItemView::SelectRows);
-  list_->setSortingEnabled(true);
-  list_->setTabKeyNavigation(false);
-  list_->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
-  list_->horizontalHeader()->setStretchLastSection(true);
-  pLayout->addWidget(filter_);
-  pLayout->addWidget(list_);
-  tabs_->addTab(list_page_, {});
-  tabs_->setTabsClosable(true);
-  tabs_->setDocumentMode(true);
-  tabs_->tabBar()->setTabButton(0, QTabBar::RightSide, nullptr);
+  addDockWidget(Qt::RightDockWidgetArea, inspector_);
+  inspector_->hide();
   connect(rooms_, &QListWidget::currentRowChanged, this, &MainWindow::show_room);
-  connect(list_, &QTableView::activated, this, &MainWindow::open_current_line);
-  connect(filter_, &QLineEdit::textChanged, static_cast<QSortFilterProxyModel*>(list_->model()),
-          &QSortFilterProxyModel::setFilterFixedString);
+  connect(rooms_, &QListWidget::itemClicked, this, [this] { show_room(rooms_->currentRow()); });
+  connect(rooms_, &QListWidget::itemActivated, this, [this] {
+    show_room(rooms_->currentRow());
+    if (RoomView* pRoom = current_room()) pRoom->table().setFocus();
+  });
+  connect(tabs_, &QTabWidget::currentChanged, this, &MainWindow::show_front);
   connect(tabs_, &QTabWidget::tabCloseRequested, this, &MainWindow::close_tab);
 }
 
 void MainWindow::build_menus() {
   menuBar()->clear();
-  QMenu* pFile = menuBar()->addMenu(words("文件"));
-  const auto add = [this](QMenu& menu, const char* sCaption, const char* sKeys, auto&& work) {
-    QAction* pAction = menu.addAction(words(sCaption));
-    pAction->setShortcut(QKeySequence(QString::fromLatin1(sKeys)));
-    connect(pAction, &QAction::triggered, this, work);
-    return pAction;
-  };
-  add(*pFile, "新增收款单", "Ctrl+Shift+R", [this] { new_bill("receipt"); });
-  add(*pFile, "新增付款单", "Ctrl+Shift+P", [this] { new_bill("payment"); });
-  add(*pFile, "打开", "Ctrl+O", [this] { open_current_line(); });
-  add(*pFile, "刷新", "F5", [this] { refresh_list(); });
-  add(*pFile, "退出", "Ctrl+Q", [this] { close(); });
+  add_file_menu();
   QMenu* pView = menuBar()->addMenu(words("视图"));
   inspector_->toggleViewAction()->setText(words("检查器"));
   inspector_->toggleViewAction()->setShortcut(QKeySequence(QStringLiteral("F12")));
   pView->addAction(inspector_->toggleViewAction());
   QMenu* pLanguage = pView->addMenu(words("语言"));
-  add(*pLanguage, "简体中文", "", [this] { change_language(Language::Chinese); });
-  add(*pLanguage, "English", "", [this] { change_language(Language::English); });
+  for (const auto& [chosen, sCaption] :
+       {std::pair(Language::Chinese, "简体中文"), std::pair(Language::English, "English")})
+    connect(pLanguage->addAction(QString::fromUtf8(sCaption)), &QAction::triggered, this,
+            [this, chosen = chosen] { change_language(chosen); });
+}
+
+void MainWindow::add_file_menu() {
+  QMenu* pFile = menuBar()->addMenu(words("文件"));
+  const auto add = [this, pFile](const char* sCaption, const char* sKeys, auto&& work) {
+    QAction* pAction = pFile->addAction(words(sCaption));
+    pAction->setShortcut(QKeySequence(QString::fromLatin1(sKeys)));
+    connect(pAction, &QAction::triggered, this, work);
+  };
+  add("新增收款单", "Ctrl+Shift+R", [this] { new_bill("receipt"); });
+  add("新增付款单", "Ctrl+Shift+P", [this] { new_bill("payment"); });
+  add("打开", "Ctrl+O", [this] {
+    if (RoomView* pRoom = current_room()) pRoom->open_current();
+  });
+  add("刷新", "F5", [this] { refresh_front(); });
+  add("导出PDF", "Ctrl+Shift+E", [this] { export_pdf_of_front(); });
+  add("退出", "Ctrl+Q", [this] { close(); });
+}
+
+template <class View>
+void MainWindow::for_each(const std::function<void(View&)>& work) const {
+  for (int nTab = 0; nTab < tabs_->count(); ++nTab) {
+    if (auto* pView = qobject_cast<View*>(tabs_->widget(nTab))) work(*pView);
+  }
 }
 
 void MainWindow::change_language(Language chosen) {
   set_language(chosen);
   build_menus();
   for (int nRoom = 0; nRoom < rooms_->count(); ++nRoom)
-    rooms_->item(nRoom)->setText(words(models_[static_cast<std::size_t>(nRoom)]->list().sCaption));
-  filter_->setPlaceholderText(words("筛选"));
-  inspector_->setWindowTitle(words("检查器"));
+    rooms_->item(nRoom)->setText(words(rooms()[static_cast<std::size_t>(nRoom)].sCaption));
+  for (const auto& [nRoom, pRoom] : open_rooms_) {
+    pRoom->setWindowTitle(rooms_->item(nRoom)->text());
+    tabs_->setTabText(tabs_->indexOf(pRoom), pRoom->windowTitle());
+    pRoom->retranslate();
+  }
+  for_each<BillView>([](BillView& bill) { bill.retranslate(); });
+  inspector_->retranslate();
   setWindowTitle(words("应收应付") + QStringLiteral(" - ") + qt(seat_.session.user_name()) + QStringLiteral(" - ") +
                  qt(seat_.database().path()));
-  if (rooms_->currentRow() >= 0) tabs_->setTabText(0, rooms_->currentItem()->text());
+  show_status();
 }
 
 int MainWindow::room_count() const { return rooms_->count(); }
 
-void MainWindow::show_room(int nRoom) {
-  if (nRoom < 0) return;
-  rooms_->setCurrentRow(nRoom);
-  static_cast<QSortFilterProxyModel*>(list_->model())->setSourceModel(models_[static_cast<std::size_t>(nRoom)]);
-  list_->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
-  refresh_list();
-  list_->resizeColumnsToContents();
-  tabs_->setTabText(0, rooms_->item(nRoom)->text());
-  tabs_->setCurrentIndex(0);
+RoomView* MainWindow::add_room(int nRoom) {
+  RoomView* pRoom = rooms()[static_cast<std::size_t>(nRoom)].make(seat_, tabs_);
+  pRoom->setWindowTitle(rooms_->item(nRoom)->text());
+  open_rooms_[nRoom] = pRoom;
+  connect(pRoom, &RoomView::bill_wanted, this, [this](const std::string& sTemplate, std::int32_t nBillID) {
+    if (nBillID == 0) {
+      new_bill(sTemplate);
+    } else {
+      open_bill(sTemplate, nBillID);
+    }
+  });
+  connect(pRoom, &RoomView::status_changed, this, &MainWindow::show_status);
+  connect(pRoom, &RoomView::stored, this, [this, pRoom] {
+    forget_lists();
+    pRoom->set_stale(false);  // it has just shown what it did
+  });
+  connect(
+      pRoom, &RoomView::closed, this, [this, pRoom] { remove_tab(pRoom); }, Qt::QueuedConnection);
+  tabs_->addTab(pRoom, pRoom->windowTitle());
+  return pRoom;
 }
 
-void MainWindow::refresh_list() {
-  if (rooms_->currentRow() < 0) return;
+void MainWindow::show_room(int nRoom) {
+  if (nRoom < 0 || nRoom >= room_count()) return;
+  {
+    const QSignalBlocker quiet(rooms_);
+    rooms_->setCurrentRow(nRoom);
+  }
+  const auto found = open_rooms_.find(nRoom);
   try {
-    models_[static_cast<std::size_t>(rooms_->currentRow())]->refresh();
-    statusBar()->showMessage(QString::number(list_->model()->rowCount()));
+    tabs_->setCurrentWidget(found != open_rooms_.end() ? found->second : add_room(nRoom));
+  } catch (const DeskError& error) {
+    return statusBar()->showMessage(qt(error.what()));
+  } catch (const arap::AutomationError& error) {
+    return statusBar()->showMessage(qt(error.description()));
+  }
+  show_front();
+}
+
+void MainWindow::forget_lists() {
+  for (const auto& [nRoom, pRoom] : open_rooms_) pRoom->set_stale(true);
+}
+
+void MainWindow::show_front() {
+  RoomView* pRoom = current_room();
+  for (const auto& [nRoom, pOpen] : open_rooms_) {
+    const QSignalBlocker quiet(rooms_);
+    if (pOpen == pRoom) rooms_->setCurrentRow(nRoom);
+  }
+  if (pRoom != nullptr && pRoom->is_stale()) return refresh_front();
+  show_status();
+}
+
+void MainWindow::refresh_front() {
+  if (BillView* pBill = current_bill()) return pBill->reload();
+  RoomView* pRoom = current_room();
+  if (pRoom == nullptr) return;
+  try {
+    pRoom->refresh();
+    pRoom->set_stale(false);
+    show_status();
   } catch (const DeskError& error) {
     statusBar()->showMessage(qt(error.what()));
   }
+}
+
+void MainWindow::show_status() {
+  const RoomView* pRoom = current_room();
+  statusBar()->showMessage(pRoom == nullptr ? QString() : pRoom->status());
 }
 
 BillView* MainWindow::add_bill(const std::string& sTemplate) {
@@ -151,15 +204,9 @@ BillView* MainWindow::add_bill(const std::string& sTemplate) {
   const int nTab = tabs_->addTab(pView, {});
   connect(pView, &BillView::title_changed, this,
           [this, pView](const QString& sTitle) { tabs_->setTabText(tabs_->indexOf(pView), sTitle); });
-  connect(pView, &BillView::stored, this, &MainWindow::refresh_list);
+  connect(pView, &BillView::stored, this, &MainWindow::forget_lists);
   connect(
-      pView, &BillView::closed, this,
-      [this, pView] {
-        tabs_->removeTab(tabs_->indexOf(pView));
-        pView->deleteLater();
-        refresh_list();
-      },
-      Qt::QueuedConnection);
+      pView, &BillView::closed, this, [this, pView] { remove_tab(pView); }, Qt::QueuedConnection);
   tabs_->setCurrentIndex(nTab);
   return pView;
 }
@@ -172,36 +219,51 @@ BillView* MainWindow::new_bill(const std::string& sTemplate) {
 }
 
 BillView* MainWindow::open_bill(const std::string& sTemplate, std::int32_t nBillID) {
-  for (int nTab = 1; nTab < tabs_->count(); ++nTab) {
-    auto* pView = qobject_cast<BillView*>(tabs_->widget(nTab));
-    if (pView == nullptr || !pView->shows(sTemplate, nBillID)) continue;
-    tabs_->setCurrentIndex(nTab);
-    return pView;
+  BillView* pOpen = nullptr;
+  for_each<BillView>([&](BillView& bill) {
+    if (bill.shows(sTemplate, nBillID)) pOpen = &bill;
+  });
+  if (pOpen != nullptr) {
+    tabs_->setCurrentWidget(pOpen);
+    return pOpen;
   }
   BillView* pView = add_bill(sTemplate);
-  if (pView->open_bill(nBillID)) return pView;
-  statusBar()->showMessage(pView->status());
-  tabs_->removeTab(tabs_->indexOf(pView));
-  delete pView;
+  if (pView->open_bill(nBillID)) {
+    pView->body().setFocus(Qt::OtherFocusReason);
+    return pView;
+  }
+  const QString sReason = pView->status();
+  remove_tab(pView);
+  statusBar()->showMessage(sReason);
   return nullptr;
 }
 
 BillView* MainWindow::current_bill() const { return qobject_cast<BillView*>(tabs_->currentWidget()); }
+RoomView* MainWindow::current_room() const { return qobject_cast<RoomView*>(tabs_->currentWidget()); }
 
-void MainWindow::open_current_line() {
-  const QModelIndex current = list_->currentIndex();
-  if (!current.isValid() || rooms_->currentRow() < 0) return;
-  const BookListModel& model = *models_[static_cast<std::size_t>(rooms_->currentRow())];
-  const int nRow = static_cast<QSortFilterProxyModel*>(list_->model())->mapToSource(current).row();
-  if (const std::int32_t nBillID = model.bill_id(nRow); nBillID != 0) open_bill(model.list().sTemplate, nBillID);
+void MainWindow::remove_tab(QWidget* pView) {
+  std::erase_if(open_rooms_, [&](const auto& room) { return room.second == pView; });
+  tabs_->removeTab(tabs_->indexOf(pView));
+  pView->deleteLater();
 }
 
 void MainWindow::close_tab(int nTab) {
-  if (auto* pView = qobject_cast<BillView*>(tabs_->widget(nTab))) pView->press("mnuFileExit");
+  QWidget* pView = tabs_->widget(nTab);
+  if (auto* pBill = qobject_cast<BillView*>(pView)) return pBill->press("mnuFileExit");
+  remove_tab(pView);
+}
+
+void MainWindow::export_pdf_of_front() {
+  BillView* pBill = current_bill();
+  if (pBill == nullptr) return;
+  const QString sName = tabs_->tabText(tabs_->currentIndex()) + QStringLiteral(".pdf");
+  const QString sPath = QFileDialog::getSaveFileName(this, words("导出PDF"), sName, QStringLiteral("PDF (*.pdf)"));
+  if (sPath.isEmpty() || export_pdf(pBill->window(), sPath)) return;
+  QMessageBox::warning(this, words("导出PDF"), words("文件“%1”无法写入。").arg(sPath));
 }
 
 void MainWindow::closeEvent(QCloseEvent* pEvent) {
-  for (int nTab = 1; nTab < tabs_->count(); ++nTab) {
+  for (int nTab = 0; nTab < tabs_->count(); ++nTab) {
     auto* pView = qobject_cast<BillView*>(tabs_->widget(nTab));
     if (pView == nullptr || pView->may_close()) continue;
     tabs_->setCurrentIndex(nTab);

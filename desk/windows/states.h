@@ -2,6 +2,7 @@
 
 #include <QColor>
 #include <QVariant>
+#include <QWidget>
 
 #include "engine/bill_template.h"
 #include "frame/conversions.h"
@@ -11,6 +12,9 @@ namespace desk {
 
 inline QColor locked_colour() { return QColor(0xF0, 0xF0, 0xEC); }
 inline QColor negative_colour() { return QColor(0xC0, 0x10, 0x10); }
+
+/// How high the lines of every grid are.
+inline int line_height(const QWidget& grid) { return grid.fontMetrics().height() + 8; }
 
 /// Amounts and numbers stand at the right, texts at the left.
 inline QVariant text_alignment(const TemplateField& field) {

@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QDialog>
 #include <QMessageBox>
+#include <QPointer>
 #include <QTest>
 #include <QTimer>
 
@@ -12,6 +13,8 @@
 #include <string>
 
 #include "desk/data/temp_book.h"
+#include "services/settlement_tables.h"
+#include "windows/bill_list_view.h"
 #include "windows/main_window.h"
 #include "windows/qt_text.h"
 
@@ -24,6 +27,8 @@ class DeskUser {
       : seat(*book.database, sUser.empty() ? first() : sUser, kToday), window(seat) {
     window.show();
     EXPECT_TRUE(QTest::qWaitForWindowExposed(&window));
+    QObject::connect(&watch_, &QTimer::timeout, &window, [this] { close_what_nobody_answers(); });
+    watch_.start(5000);
   }
 
   static constexpr const char* kToday = "2026-11-15";
@@ -39,6 +44,8 @@ class DeskUser {
   void type(const std::string& sKey, const char* sText) {
     FieldEdit* pEdit = bill().head().edit(sKey);
     ASSERT_NE(pEdit, nullptr) << sKey;
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     pEdit->setFocus(Qt::TabFocusReason);
     pEdit->selectAll();
     QTest::keyClicks(pEdit, QString::fromUtf8(sText));
@@ -70,13 +77,38 @@ class DeskUser {
       QTest::keyClick(pBox, answer);
     });
   }
-  /// Does this in the next dialog that opens.
-  void in_next_dialog(std::function<void(QDialog&)> work) {
-    QTimer::singleShot(0, &window, [this, work = std::move(work)] {
+  /// Does this in the next dialog that opens; in the next one of that name, where one is given.
+  void in_next_dialog(std::function<void(QDialog&)> work, const QString& sName = {}) {
+    QTimer::singleShot(0, &window, [this, sName, work = std::move(work)] {
       auto* pDialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-      if (pDialog == nullptr || !pDialog->isVisible()) return in_next_dialog(work);
+      const bool bMeant =
+          pDialog != nullptr && pDialog->isVisible() && (sName.isEmpty() || pDialog->objectName() == sName);
+      if (!bMeant) return in_next_dialog(work, sName);
       work(*pDialog);
     });
+  }
+  /// Takes all open bills that the next selection offers.
+  void take_all_in_next_selection() {
+    in_next_dialog(
+        [](QDialog& dialog) {
+          auto* pTable = dialog.findChild<QTableView*>();
+          QTest::keyClick(pTable, Qt::Key_A, Qt::ControlModifier);
+          QTest::keyClick(pTable, Qt::Key_Return);
+        },
+        QStringLiteral("selection"));
+  }
+  /// The list of a side in front.
+  BillListView& list(const SettlementTables& tables) {
+    window.show_room(tables.bMoneyComesIn ? 0 : 1);
+    auto* pList = qobject_cast<BillListView*>(window.current_room());
+    if (pList == nullptr) throw std::logic_error("no list of bills is in front");
+    return *pList;
+  }
+  /// Lets everything that was put off happen.
+  static void settle() {
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QApplication::processEvents();
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   }
 
   std::string text_of(const std::string& sSql) { return book.database->query(sSql).text(0, "F"); }
@@ -87,9 +119,22 @@ class DeskUser {
   MainWindow window;
 
  private:
+  /// A box that a test doesn't expect would hold it up for ever.
+  void close_what_nobody_answers() {
+    QPointer<QWidget> now = QApplication::activeModalWidget();
+    if (now != nullptr && now == seen_waiting_) {
+      const auto* pBox = qobject_cast<QMessageBox*>(now.data());
+      ADD_FAILURE() << "nobody answers: " << utf8(pBox != nullptr ? pBox->text() : now->objectName());
+      QTest::keyClick(now, Qt::Key_Escape);
+    }
+    seen_waiting_ = now;
+  }
   std::string first() {
     return book.database->query("SELECT FName FROM t_User ORDER BY FUserID LIMIT 1").text(0, "FName");
   }
+
+  QTimer watch_;
+  QPointer<QWidget> seen_waiting_;
 };
 
 }  // namespace desk::testing

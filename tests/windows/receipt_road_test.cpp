@@ -13,11 +13,7 @@ TEST(ReceiptRoad, AReceiptIsEnteredSelectedSummedSavedAndCheckedWithoutAMouse) {
   user.type("FDate", "16");
   EXPECT_EQ(user.shown("FDate"), "2026-11-16");
   EXPECT_EQ(user.shown("FExchangeRate").substr(0, 3), "7.1");
-  user.in_next_dialog([](QDialog& dialog) {
-    QWidget* pTable = dialog.findChild<QTableView*>();
-    QTest::keyClick(pTable, Qt::Key_A, Qt::ControlModifier);
-    QTest::keyClick(pTable, Qt::Key_Return);
-  });
+  user.take_all_in_next_selection();
   user.key(Qt::Key_F6);
   ASSERT_EQ(user.bill().window().body().size(), 1u);
   EXPECT_EQ(user.shown("FBillSettleAmountFor", 1), "1200.00");
@@ -60,11 +56,7 @@ TEST(ReceiptRoad, AnAmountTypedInTheGridGoesDownByEnterAndIsEnteredBeforeAComman
   user.window.new_bill("receipt");
   user.type("FCustomerID", "C001");
   user.type("FAcctID", "1002.01");
-  user.in_next_dialog([](QDialog& dialog) {
-    QWidget* pTable = dialog.findChild<QTableView*>();
-    QTest::keyClick(pTable, Qt::Key_A, Qt::ControlModifier);
-    QTest::keyClick(pTable, Qt::Key_Return);
-  });
+  user.take_all_in_next_selection();
   user.command("mnuSelectBill_2000001");
   BodyGrid& grid = user.bill().body();
   ASSERT_GE(grid.model()->rowCount(), 2);

@@ -1,0 +1,22 @@
+#include "windows/seat_news.h"
+
+#include "windows/captions.h"
+#include "windows/qt_text.h"
+#include "windows/result_dialog.h"
+#include "windows/text_dialog.h"
+
+namespace desk {
+
+SeatNews::SeatNews(Session& session)
+    : session_(session), vouchers_seen_(session.shown_vouchers.size()), results_seen_(session.shown_results.size()) {}
+
+void SeatNews::show(QWidget* pParent) {
+  if (vouchers_seen_ < session_.shown_vouchers.size())
+    show_text(words("凭证"), qt(session_.shown_vouchers.back()), pParent);
+  vouchers_seen_ = session_.shown_vouchers.size();
+  if (results_seen_ < session_.shown_results.size())
+    ResultDialog(qt(session_.shown_results.back()).split(QLatin1Char('\n')), pParent).exec();
+  results_seen_ = session_.shown_results.size();
+}
+
+}  // namespace desk
