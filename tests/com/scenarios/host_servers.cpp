@@ -24,6 +24,8 @@ constexpr std::array kProgIds{
     std::string_view("NUVLPCGLView.GLData"),
     std::string_view("NUVConnection.AppConnection"),
     std::string_view("NUVBills.Bills"),
+    std::string_view("NUVBOMMImpAndExp.cImpAndExp"),
+    std::string_view("NUVMYWARAPRpt.Data"),
     std::string_view("NUVBills.clsCredit"),
     std::string_view("NUVMVEdit.MVoucherEdit"),
     std::string_view("NUVCHMResTool.ClsCHMHelp"),
