@@ -7,7 +7,7 @@ packages=(
   python3 g++ cmake ninja-build pkg-config ccache
   clang-format clang-tidy
   libgtest-dev libbenchmark-dev
-  qt6-base-dev libqt6sql6-sqlite fonts-noto-cjk
+  qt6-base-dev libqt6sql6-sqlite libqt6sql6-psql postgresql fonts-noto-cjk
   libcli11-dev nlohmann-json3-dev libmuparser-dev libcsv-dev
 )
 if [ "${1:-}" = --windows ]; then

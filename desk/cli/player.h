@@ -83,7 +83,7 @@ class ScenarioPlayer {
 };
 
 /// What a loop goes through, one set of variables a turn: {customer} or {supplier} with {currency}, or {receipt}, or
-/// {payment}.
+/// {payment}, or {number}.
 std::vector<std::map<std::string, std::string>> loop_turns(Database& database, std::string_view sThing);
 
 /// What is still open on a source bill of that number, on either side.

@@ -113,6 +113,11 @@ std::vector<std::map<std::string, std::string>> loop_turns(Database& database, s
   const bool bReceipts = sThing == kOpenCustomers || sThing == kCheckedReceipts;
   const SettlementTables& tables = bReceipts ? kReceiptTables : kPaymentTables;
   std::vector<std::map<std::string, std::string>> turns;
+  if (sThing.starts_with(kNumbersUpTo)) {
+    const int nLast = std::stoi(std::string(sThing.substr(kNumbersUpTo.size())));
+    for (int n = 1; n <= nLast; ++n) turns.push_back({{"number", std::to_string(n)}});
+    return turns;
+  }
   if (sThing == kOpenCustomers || sThing == kOpenSuppliers) {
     const Rows rows =
         database.query(side_sql(tables,

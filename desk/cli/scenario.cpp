@@ -65,6 +65,12 @@ bool is_row_number(std::string_view sWord) {
          std::all_of(sWord.begin(), sWord.end(), [](unsigned char c) { return std::isdigit(c) != 0; });
 }
 
+bool is_count(std::string_view sThing) {
+  if (!sThing.starts_with(kNumbersUpTo)) return false;
+  sThing.remove_prefix(kNumbersUpTo.size());
+  return is_row_number(sThing) && sThing.size() <= 4 && sThing[0] != '{';
+}
+
 class Parser {
  public:
   Parser(std::string_view sText, std::string sFile) : file_(std::move(sFile)) { split(sText); }
@@ -198,9 +204,11 @@ class Parser {
   Step loop_step(const Line& line) const {
     const std::string sThing = rest_after(line.sText, 2);
     const bool bEach = line.words.size() > 2 && line.words[1] == "each";
-    if (!bEach || !is_one_of(sThing, {kOpenCustomers, kOpenSuppliers, kCheckedReceipts, kCheckedPayments})) {
+    if (!bEach || !(is_one_of(sThing, {kOpenCustomers, kOpenSuppliers, kCheckedReceipts, kCheckedPayments}) ||
+                    is_count(sThing))) {
       refuse(line, "write: for each " + std::string(kOpenCustomers) + ", " + std::string(kOpenSuppliers) + ", " +
-                       std::string(kCheckedReceipts) + " or " + std::string(kCheckedPayments));
+                       std::string(kCheckedReceipts) + ", " + std::string(kCheckedPayments) + " or " +
+                       std::string(kNumbersUpTo) + "N");
     }
     return {line.nNumber, Verb::ForEach, {sThing}, {}};
   }

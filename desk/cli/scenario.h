@@ -48,6 +48,8 @@ inline constexpr std::string_view kOpenCustomers = "customer with open receivabl
 inline constexpr std::string_view kOpenSuppliers = "supplier with open payables";
 inline constexpr std::string_view kCheckedReceipts = "checked receipt";
 inline constexpr std::string_view kCheckedPayments = "checked payment";
+/// With a number of at most four digits behind it.
+inline constexpr std::string_view kNumbersUpTo = "number up to ";
 
 /// A line that can't be read or a scenario that didn't go as it says: "file:line: what is wrong and what to do".
 class ScenarioError : public std::runtime_error {

@@ -1,21 +1,24 @@
 #include "data/database.h"
 
-#include <QFile>
-#include <QFileInfo>
 #include <QSqlError>
+#include <QSqlField>
 #include <QSqlRecord>
 #include <QVariant>
-#include <cmath>
+#include <charconv>
 #include <limits>
+#include <optional>
 
 #include "data/connection.h"
+#include "data/patience.h"
 #include "data/schema.h"
 
 namespace desk {
 namespace {
 
-// Marks a file as one of our books, beside the version of its tables.
+// Marks a book as one of ours, beside the version of its tables.
 constexpr int kApplicationId = 0x44455342;
+// The server's type of sums: numbers of any size.
+constexpr int kServerNumeric = 1700;
 constexpr std::int64_t kExactInDouble = std::int64_t{1} << 53;
 
 QVariant to_qt(const Bind& bind) {
@@ -61,21 +64,53 @@ Value from_qt(const QVariant& value) {
   }
 }
 
-std::shared_ptr<const Rows::Columns> columns_of(const QSqlQuery& query) {
-  const QSqlRecord record = query.record();
-  Rows::Columns columns;
-  for (int i = 0; i < record.count(); ++i) columns.push_back(record.fieldName(i).toStdString());
-  return std::make_shared<const Rows::Columns>(std::move(columns));
+/// The text of a number of any size.
+Value from_exact(const QVariant& value) {
+  if (value.isNull()) return arap::Null{};
+  const std::string sText = value.toString().toStdString();
+  const char* const pEnd = sText.data() + sText.size();
+  std::int64_t nValue = 0;
+  const auto result = std::from_chars(sText.data(), pEnd, nValue);
+  if (result.ec == std::errc() && result.ptr == pEnd) return from_integer(nValue);
+  return value.toDouble();
 }
 
-void run(PreparedStatement& statement, const Binds& binds) {
+void note_columns(PreparedStatement& statement, const Engine& engine) {
+  const QSqlRecord record = statement.query.record();
+  Rows::Columns columns;
+  for (int i = 0; i < record.count(); ++i) {
+    columns.push_back(engine.column_name(record.fieldName(i).toStdString()));
+    statement.aExact.push_back(record.field(i).typeID() == kServerNumeric);
+  }
+  statement.columns = std::make_shared<const Rows::Columns>(std::move(columns));
+}
+
+void run(PreparedStatement& statement, const Binds& binds, const Engine& engine) {
   if (binds.size() != statement.aParameters.size())
     throw DeskError(ErrorKind::Other, "The statement has another number of parameters", statement.sSql);
   for (std::size_t i = 0; i < binds.size(); ++i) statement.query.bindValue(statement.aParameters[i], to_qt(binds[i]));
-  if (statement.query.exec()) return;
+  const bool bRun =
+      statement.sUncompiled.isEmpty() ? statement.query.exec() : statement.query.exec(statement.sUncompiled);
+  if (bRun) return;
   const QSqlError error = statement.query.lastError();
   statement.query.finish();
-  throw_sql_error(error, statement.sSql);
+  engine.throw_error(error, statement.sSql);
+}
+
+std::vector<Value> fetch(PreparedStatement& statement, const Engine& engine) {
+  if (!statement.columns) note_columns(statement, engine);
+  const int nColumns = static_cast<int>(statement.columns->size());
+  std::vector<Value> cells;
+  while (statement.query.next()) {
+    for (int i = 0; i < nColumns; ++i) {
+      const QVariant value = statement.query.value(i);
+      cells.push_back(statement.aExact[static_cast<std::size_t>(i)] ? from_exact(value) : from_qt(value));
+    }
+  }
+  const QSqlError error = statement.query.lastError();
+  statement.query.finish();
+  if (error.isValid()) engine.throw_error(error, statement.sSql);
+  return cells;
 }
 
 /// The statements of a script; a ";" in a text or comment ends none.
@@ -102,98 +137,112 @@ std::vector<std::string> split_script(std::string_view sScript) {
 
 }  // namespace
 
-Database::Database(std::string sPath, Options options) : path_(std::move(sPath)), options_(options) {}
+Database::Database(const std::string& sAddress, Options options)
+    : options_(options), engine_(Engine::of(sAddress)), path_(engine_->shown()) {}
 Database::~Database() = default;
 
-std::unique_ptr<Database> Database::create(const std::string& sPath, Options options) {
-  QFile file(QString::fromStdString(sPath));
-  if (file.exists())
-    throw DeskError(ErrorKind::Other, "There is a file of that name already", sPath, "Choose another name");
-  if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly)) {
-    throw DeskError(ErrorKind::MissingFile, "The book can't be made", sPath,
-                    "Check that the folder exists and can be written");
-  }
-  file.close();
+std::unique_ptr<Database> Database::create(const std::string& sAddress, Options options) {
+  std::unique_ptr<Database> database(new Database(sAddress, options));
+  Engine& engine = *database->engine_;
+  engine.make_place();
   try {
-    std::unique_ptr<Database> database(new Database(sPath, options));
     database->connect(true);
     create_schema(*database);
+    engine.set_marks(*database, {kApplicationId, kSchemaVersion});
     return database;
   } catch (...) {
-    file.remove();
+    database->connection_.reset();
+    engine.remove_place();
     throw;
   }
 }
 
-std::unique_ptr<Database> Database::open(const std::string& sPath, Options options) {
-  if (!QFileInfo(QString::fromStdString(sPath)).isFile())
-    throw DeskError(ErrorKind::MissingFile, "There is no such book", sPath, "Check the name, or make a new book");
-  std::unique_ptr<Database> database(new Database(sPath, options));
+std::unique_ptr<Database> Database::open(const std::string& sAddress, Options options) {
+  std::unique_ptr<Database> database(new Database(sAddress, options));
+  database->engine_->refuse_missing();
   database->connect(false);
+  database->check_is_book();
   return database;
 }
 
-void Database::connect(bool bCreate) {
-  connection_ = std::make_unique<Connection>(path_, options_);
-  if (!connection_->database.open()) throw_sql_error(connection_->database.lastError(), path_);
-  if (bCreate) {
-    query("PRAGMA journal_mode = WAL");
-    query("PRAGMA application_id = " + std::to_string(kApplicationId));
-    query("PRAGMA user_version = " + std::to_string(kSchemaVersion));
-  } else {
-    check_is_book();
-  }
-  query("PRAGMA synchronous = FULL");
-  query("PRAGMA foreign_keys = ON");
-}
+EngineKind Database::kind() const { return engine_->kind(); }
 
-void Database::check_is_book() {
-  std::int32_t nApplication = 0;
-  std::int32_t nVersion = 0;
+void Database::connect(bool bCreate) {
+  connection_ = std::make_unique<Connection>(*engine_, options_);
+  QSqlDatabase& database = connection_->named.database;
+  if (!database.open()) engine_->throw_error(database.lastError(), path_);
   try {
-    nApplication = query("PRAGMA application_id").integer(0, "application_id");
-    nVersion = query("PRAGMA user_version").integer(0, "user_version");
+    engine_->start(*this, bCreate);
   } catch (const DeskError& error) {
     throw DeskError(error.kind(), error.problem(), path_, error.hint());
   }
-  if (nApplication != kApplicationId)
+}
+
+void Database::check_is_book() {
+  Engine::Marks marks;
+  try {
+    marks = engine_->marks(*this);
+  } catch (const DeskError& error) {
+    throw DeskError(error.kind(), error.problem(), path_, error.hint());
+  }
+  if (marks.nApplication != kApplicationId)
     throw DeskError(ErrorKind::NotABook, "The file is not a book", path_, "Choose a file that the desk has made");
-  if (nVersion != kSchemaVersion) {
+  if (marks.nVersion != kSchemaVersion) {
     throw DeskError(ErrorKind::WrongVersion,
-                    "The book has version " + std::to_string(nVersion) + ", this program reads version " +
+                    "The book has version " + std::to_string(marks.nVersion) + ", this program reads version " +
                         std::to_string(kSchemaVersion),
                     path_, "Open it with the program that made it");
   }
 }
 
+/// Runs the work of one statement, again where another seat's lock stood in its way. Inside a transaction nothing is
+/// waited for: the book is this seat's own there.
+template <class Work>
+auto Database::in_turn(std::string_view sSql, Work&& work) {
+  if (statement_hook_) statement_hook_(sSql);
+  std::optional<Patience> patience;
+  for (;;) {
+    try {
+      return work();
+    } catch (const DeskError& error) {
+      if (depth_ > 0 && engine_->failure_spoils_transaction()) spoiled_ = true;
+      if (error.kind() != ErrorKind::Locked || depth_ > 0 || engine_->waits_by_itself()) throw;
+      if (!patience) patience.emplace(options_.nBusyTimeoutMs);
+      if (!patience->wait()) throw;
+    }
+  }
+}
+
 Rows Database::query(std::string_view sSql, const Binds& binds) {
-  PreparedStatement& statement = connection_->statements->prepare(sSql);
-  run(statement, binds);
-  if (!statement.columns) statement.columns = columns_of(statement.query);
-  const int nColumns = static_cast<int>(statement.columns->size());
-  std::vector<Value> cells;
-  while (statement.query.next())
-    for (int i = 0; i < nColumns; ++i) cells.push_back(from_qt(statement.query.value(i)));
-  const QSqlError error = statement.query.lastError();
-  statement.query.finish();
-  if (error.isValid()) throw_sql_error(error, statement.sSql);
-  return Rows(statement.columns, std::move(cells));
+  return in_turn(sSql, [&] {
+    PreparedStatement& statement = connection_->statements->prepare(sSql);
+    run(statement, binds, *engine_);
+    std::vector<Value> cells = fetch(statement, *engine_);
+    return Rows(statement.columns, std::move(cells));
+  });
 }
 
 std::int64_t Database::exec(std::string_view sSql, const Binds& binds) {
-  PreparedStatement& statement = connection_->statements->prepare(sSql);
-  run(statement, binds);
-  const int nChanged = statement.query.numRowsAffected();
-  statement.query.finish();
-  return nChanged;
+  return in_turn(sSql, [&]() -> std::int64_t {
+    PreparedStatement& statement = connection_->statements->prepare(sSql);
+    run(statement, binds, *engine_);
+    const int nChanged = statement.query.numRowsAffected();
+    statement.query.finish();
+    return nChanged;
+  });
 }
 
 void Database::exec_script(std::string_view sScript) {
-  for (const std::string& sStatement : split_script(sScript)) {
-    QSqlQuery query(connection_->database);
-    if (!query.exec(QString::fromStdString(sStatement))) throw_sql_error(query.lastError(), sStatement);
-  }
+  for (const std::string& sStatement : split_script(sScript)) run_as_it_stands(engine_->spelled(sStatement));
   connection_->statements->clear();  // the tables that they were compiled for may have changed
+}
+
+void Database::run_as_it_stands(std::string_view sSql) {
+  in_turn(sSql, [&] {
+    QSqlQuery query(connection_->named.database);
+    const QString sText = QString::fromUtf8(sSql.data(), static_cast<qsizetype>(sSql.size()));
+    if (!query.exec(sText)) engine_->throw_error(query.lastError(), std::string(sSql));
+  });
 }
 
 Value Database::value(std::string_view sSql, const Binds& binds, const Value& vDefault) {
@@ -204,13 +253,20 @@ Value Database::value(std::string_view sSql, const Binds& binds, const Value& vD
 std::size_t Database::cached_statements() const { return connection_->statements->size(); }
 
 Transaction::Transaction(Database& database) : database_(database), level_(database.depth_) {
-  database_.exec(level_ == 0 ? "BEGIN IMMEDIATE" : "SAVEPOINT level_" + std::to_string(level_));
+  if (level_ == 0) {
+    database_.engine_->begin(database_);
+  } else {
+    database_.exec("SAVEPOINT level_" + std::to_string(level_));
+  }
   ++database_.depth_;
 }
 
 void Transaction::commit() {
   if (!open_ || database_.depth_ != level_ + 1)
     throw DeskError(ErrorKind::Other, "A transaction is committed out of turn", database_.path());
+  // The engine would take the end of a spoiled transaction for its way back.
+  if (database_.spoiled_)
+    throw DeskError(ErrorKind::Other, "A statement of the transaction failed; nothing was changed", database_.path());
   database_.exec(level_ == 0 ? "COMMIT" : "RELEASE level_" + std::to_string(level_));
   open_ = false;
   --database_.depth_;
@@ -219,6 +275,7 @@ void Transaction::commit() {
 Transaction::~Transaction() {
   if (!open_) return;
   database_.depth_ = level_;
+  database_.spoiled_ = false;
   try {
     if (level_ == 0) {
       database_.exec("ROLLBACK");

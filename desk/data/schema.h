@@ -7,7 +7,7 @@
 namespace desk {
 
 /// The number a book carries; a book of another number isn't opened.
-inline constexpr int kSchemaVersion = 2;
+inline constexpr int kSchemaVersion = 3;
 
 /// Tables, indexes and views of a book, as statements separated by ";". schema_sql.cpp tells what each table holds.
 std::string_view table_script();

@@ -2,7 +2,8 @@
 
 /// The tables of a book. Amounts are BIGINT in ten-thousandths of the currency's unit, rates and percentages DOUBLE
 /// PRECISION, dates TEXT yyyy-mm-dd. Look-up columns hold 0 or NULL for "none"; an employee without a department has
-/// NULL. The types are those that SQLite and PostgreSQL share; names are compared without regard to case.
+/// NULL. The types are those that SQLite and PostgreSQL share; a single INTEGER
+/// PRIMARY KEY counts on by itself; names are compared without regard to case.
 namespace desk {
 namespace {
 
@@ -55,10 +56,12 @@ CREATE TABLE t_User (
 CREATE TABLE t_User_Right (
   FUserID INTEGER NOT NULL REFERENCES t_User (FUserID) ON DELETE CASCADE, FSubSystem INTEGER NOT NULL,
   FObject INTEGER NOT NULL, FRights INTEGER NOT NULL, PRIMARY KEY (FUserID, FSubSystem, FObject));
--- The task mutex: who works on what, from which machine and process.
+-- The task mutex: who works on what, from which machine and process. FSeat tells one life of the process or of its
+-- connection from another.
 CREATE TABLE t_Task (
   FTaskID INTEGER PRIMARY KEY, FSystem INTEGER NOT NULL DEFAULT 0, FFunction TEXT NOT NULL, FExtra TEXT NOT NULL DEFAULT '',
-  FMachine TEXT NOT NULL, FProcess INTEGER NOT NULL, FUser TEXT NOT NULL, FSince TEXT NOT NULL);
+  FMachine TEXT NOT NULL, FProcess INTEGER NOT NULL, FSeat TEXT NOT NULL DEFAULT '', FUser TEXT NOT NULL,
+  FSince TEXT NOT NULL);
 CREATE INDEX ix_Task ON t_Task (FFunction, FExtra);
 -- The action log: result 1 is success, 2 failure.
 CREATE TABLE t_Log (

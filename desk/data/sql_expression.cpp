@@ -130,7 +130,9 @@ std::vector<SqlPiece> SqlExpression::arguments(std::size_t nBegin, std::size_t n
       nStart = i + 1;
     }
   }
-  if (nStart < nEnd) pieces.push_back(carry(nStart, nEnd, bLift));
+  // A text that stands in for NULL stays in sight: its type decides that of the whole.
+  const bool bText = nStart + 1 == nEnd && tokens_[nStart].kind == Kind::String && !pieces.empty();
+  if (nStart < nEnd) pieces.push_back(carry(nStart, nEnd, bLift && !bText));
   return pieces;
 }
 

@@ -76,8 +76,10 @@ std::string marks(std::size_t nCount) {
 
 }  // namespace
 
-BillStore::Stored BillStore::save(const DataRow& head, BodyPage& body, std::int32_t nBillID) {
+BillStore::Stored BillStore::save(const DataRow& head, BodyPage& body, std::int32_t nBillID,
+                                  const std::function<void()>& guard) {
   Transaction transaction(database_);
+  if (guard) guard();
   Stored stored{nBillID, {}};
   BodyInBook state = body.in_book();
   const std::string& sTable = template_.page(1).sTable;

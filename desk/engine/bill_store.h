@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -22,8 +23,8 @@ class BillStore {
   /// Stores a bill in one transaction: nBillID 0 is a new one, which gets an id and the next number. Rows without a
   /// value in the body's key field aren't stored, and rows that the book holds already aren't written again. Raises
   /// DeskError, also when another seat has stored or checked the bill since the body was read; nothing is half-written
-  /// then.
-  Stored save(const DataRow& head, BodyPage& body, std::int32_t nBillID);
+  /// then. `guard` is asked first inside the transaction and raises what forbids the save.
+  Stored save(const DataRow& head, BodyPage& body, std::int32_t nBillID, const std::function<void()>& guard = {});
 
   /// Fills head and body with the stored values. False when there is no such bill. The rows of a body that is still the
   /// book's last one aren't read again.

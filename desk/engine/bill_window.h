@@ -124,6 +124,7 @@ class BillWindow final : public arap::Object {
   bool fire_cancelled(arap::Event event, std::vector<arap::Variant> aArgs);
   bool save_bill();
   bool store_bill();
+  void refuse_lost_lock() const;
 
   // bill_window_calls.cpp
   arap::Variant dispatch(arap::Member member, arap::Access access, arap::Arguments args);

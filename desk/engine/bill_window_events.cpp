@@ -43,10 +43,16 @@ bool BillWindow::save_bill() {
   return store_bill();
 }
 
+/// Whoever lost the lock has lost the right to write: another seat may be at the bill.
+void BillWindow::refuse_lost_lock() const {
+  if (bill_id_ == 0 || !host_.lost_edit_lock || !host_.lost_edit_lock(template_->nClassType, bill_id_)) return;
+  throw DeskError(ErrorKind::Locked, "单据的锁定已失效，不能保存。", template_->page(1).sTable, "请重新打开单据。");
+}
+
 bool BillWindow::store_bill() {
   BillStore::Stored stored;
   try {
-    stored = BillStore(host_.database, *template_).save(*head_, *body_, bill_id_);
+    stored = BillStore(host_.database, *template_).save(*head_, *body_, bill_id_, [this] { refuse_lost_lock(); });
   } catch (const DeskError& error) {
     save_reason_ = error.problem();
     if (!error.hint().empty()) save_reason_ += " " + error.hint();

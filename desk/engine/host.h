@@ -52,6 +52,8 @@ struct Host {
   /// Takes the edit lock of a bill for this user; without one every bill can be locked.
   std::function<bool(std::int32_t nClassType, std::int32_t nBillID)> take_edit_lock;
   std::function<void(std::int32_t nClassType, std::int32_t nBillID)> give_edit_lock;
+  /// True when the edit lock that was taken is gone; asked in the transaction that stores the bill.
+  std::function<bool(std::int32_t nClassType, std::int32_t nBillID)> lost_edit_lock;
   /// yyyy-mm-dd of a new bill, and who makes it.
   std::string sToday;
   std::string sUser;

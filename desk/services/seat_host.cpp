@@ -18,6 +18,9 @@ Host seat_host(Session& session, const std::string& sToday) {
     for (const std::int32_t nTask : session.tasks().tasks_of(edit_function(nClassType), nBillID))
       session.tasks().commit(nTask);
   };
+  host.lost_edit_lock = [&session](std::int32_t nClassType, std::int32_t nBillID) {
+    return session.tasks().has_lost(edit_function(nClassType), nBillID);
+  };
   return host;
 }
 

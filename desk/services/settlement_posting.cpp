@@ -165,6 +165,7 @@ SettlementPosting::Head SettlementPosting::read_head(std::int32_t nBillID, std::
   head.nVoucher = rows.integer(0, "FVoucherID");
   head.amount = rows.money(0, "FAmountFor");
   head.used = rows.money(0, "FCheckAmountFor");
+  if (lock_lost_ && lock_lost_(nBillID)) refuse("单据[" + head.sBillNo + "]的锁定已失效,请重新操作", sAction);
   return head;
 }
 

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <functional>
 #include <string>
+#include <utility>
 
 #include "data/database.h"
 #include "services/settlement_tables.h"
@@ -21,7 +23,11 @@ struct PostingResult {
 /// the row settled. An operation that would leave either range is refused.
 class SettlementPosting {
  public:
-  SettlementPosting(Database& database, const SettlementTables& tables) : database_(database), tables_(tables) {}
+  /// True when the seat's own lock on a bill is gone. Asked inside the transaction; such a bill is refused.
+  using LockLost = std::function<bool(std::int32_t nBillID)>;
+
+  SettlementPosting(Database& database, const SettlementTables& tables, LockLost lock_lost = {})
+      : database_(database), tables_(tables), lock_lost_(std::move(lock_lost)) {}
 
   /// Adds what each row settles to what its source has received, and marks the bill as checked. A refund row acts on
   /// the earlier bill's row and on that row's source.
@@ -47,6 +53,7 @@ class SettlementPosting {
 
   Database& database_;
   const SettlementTables& tables_;
+  LockLost lock_lost_;
 };
 
 }  // namespace desk

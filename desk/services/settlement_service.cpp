@@ -19,7 +19,12 @@ enum class SimpleOperation : std::int32_t { Delete = 0, Check = 1, Uncheck = 2 }
 class SettlementService final : public Component {
  public:
   SettlementService(std::string sTypeName, Session& session, const SettlementTables& tables)
-      : Component(std::move(sTypeName)), session_(session), tables_(tables), posting_(session.database(), tables) {
+      : Component(std::move(sTypeName)),
+        session_(session),
+        tables_(tables),
+        posting_(session.database(), tables, [&session, &tables](std::int32_t nBillID) {
+          return session.tasks().has_lost(edit_function(tables.nClass), nBillID);
+        }) {
     on(Member::CheckBill, [this](Arguments args) { return check_bill(args); });
     on(Member::CheckBillSimple, [this](Arguments args) { return check_bill_simple(argument(args, 0)); });
     on(Member::GetUnCheckAmountFor, [this](Arguments args) {

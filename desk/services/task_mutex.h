@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <map>
 #include <optional>
 #include <span>
 #include <string>
@@ -12,7 +13,7 @@
 
 namespace desk {
 
-/// Who takes tasks: one running program under one user. Two seats differ in machine or process.
+/// Who takes tasks: one running program under one user. Two seats differ in machine, process or life (see seat_life.h).
 struct Seat {
   std::string sMachine;
   std::int32_t nProcess = 0;
@@ -33,8 +34,8 @@ class TaskMutex {
   TaskMutex(Database& database, std::function<Seat()> seat) : database_(database), seat_(std::move(seat)) {}
 
   /// The id of the new task, above 0; 0 when another seat holds the same function, or guards the same record through a
-  /// function of the same bill (the codes AR0223 to AR0228 guard one bill). Tasks that an ended program of this machine
-  /// left behind are cleared first.
+  /// function of the same bill (the codes AR0223 to AR0228 guard one bill). Tasks that an ended seat left behind are
+  /// cleared first.
   std::int32_t take(std::int32_t nSystem, std::string_view sFunction, std::span<const std::int32_t> aRecords);
   /// False when this seat holds no such task.
   bool commit(std::int32_t nTaskID);
@@ -42,14 +43,25 @@ class TaskMutex {
   std::vector<std::int32_t> tasks_of(std::string_view sFunction, std::int32_t nRecord);
   /// The other seat that holds a function of the same bill on a record; nothing when none does.
   std::optional<TaskHolder> holder_of(std::string_view sFunction, std::int32_t nRecord);
+  /// True when a task that this object took on the record, for a function of the same bill, isn't in the book any more:
+  /// another seat may have worked on the bill meanwhile. Asked in the transaction that writes.
+  bool has_lost(std::string_view sFunction, std::int32_t nRecord);
   void release_all();
 
  private:
-  void clear_ended_programs(const Seat& seat);
+  struct Held {
+    std::string sFunction;
+    std::string sRecords;
+  };
+
+  const std::string& life(const Seat& seat);
   bool is_held_elsewhere(const Seat& seat, std::string_view sFunction, std::span<const std::int32_t> aRecords);
 
   Database& database_;
   std::function<Seat()> seat_;
+  std::map<std::int32_t, Held> held_;  // by task
+  std::string life_;                   // of the process, or of the connection
+  std::int32_t life_process_ = 0;
 };
 
 }  // namespace desk

@@ -3,6 +3,8 @@
 #include <QCoreApplication>
 #include <memory>
 
+#include "desk/test_server.h"
+
 namespace {
 
 /// The database drivers of Qt are plug-ins of an application object.
@@ -20,6 +22,13 @@ class QtEnvironment final : public testing::Environment {
   std::unique_ptr<QCoreApplication> application_;
 };
 
+/// The books of a test on the server go with it.
+class ServerBooks final : public testing::EmptyTestEventListener {
+  void OnTestEnd(const testing::TestInfo&) override { desk::testing::empty_server_books(); }
+};
+
 [[maybe_unused]] testing::Environment* const kEnvironment = testing::AddGlobalTestEnvironment(new QtEnvironment);
+[[maybe_unused]] const bool kServerBooks =
+    (testing::UnitTest::GetInstance()->listeners().Append(new ServerBooks), true);
 
 }  // namespace

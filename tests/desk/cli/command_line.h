@@ -40,7 +40,7 @@ class CommandLine : public ::testing::Test {
     return nlohmann::json::parse(out);
   }
   std::string path(const char* sName) const { return folder.filePath(QString::fromUtf8(sName)).toStdString(); }
-  std::string book() const { return path("company.db"); }
+  std::string book() const { return book_address(path("company.db")); }
   std::string scenario() const { return path("day.txt"); }
 
   QTemporaryDir folder;

@@ -23,6 +23,7 @@ TEST_F(CommandLine, WrongUseIsCode2AndOneLine) {
 }
 
 TEST_F(CommandLine, AMissingBookIsCode3AndOneLine) {
+  DESK_FILES_ONLY();
   EXPECT_EQ(run({"show", book(), "bills"}), kExitData);
   EXPECT_NE(err.find("company.db"), std::string::npos) << err;
   EXPECT_EQ(std::count(err.begin(), err.end(), '\n'), 1) << err;

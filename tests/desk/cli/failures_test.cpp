@@ -52,6 +52,7 @@ TEST_F(Failure, AnUnknownFieldIsNamedWithItsLineAndNothingIsStored) {
 }
 
 TEST_F(Failure, AMissingTableOfTheRowsIsNamedAndTheHeadIsntStoredEither) {
+  DESK_FILES_ONLY();
   make_demo();
   change_book("DROP TABLE t_RP_RBillEntry");
   const std::string sBefore = contents(book());
@@ -61,6 +62,7 @@ TEST_F(Failure, AMissingTableOfTheRowsIsNamedAndTheHeadIsntStoredEither) {
 }
 
 TEST_F(Failure, AMissingTableOfTheSourcesIsNamedInAListAndInAScenario) {
+  DESK_FILES_ONLY();
   make_demo();
   change_book("DROP TABLE ICSale");
   EXPECT_EQ(run({"show", book(), "receivables"}), kExitData);
@@ -88,6 +90,7 @@ TEST_F(Failure, ABookThatAnotherProgramWritesStaysAsItIsAndCanBeWrittenAfterward
 }
 
 TEST_F(Failure, AFileThatIsNoBookIsRefusedByEveryCommandAndNotTouched) {
+  DESK_FILES_ONLY();
   std::ofstream(book()) << "Dear diary, " << std::string(5000, 'x');
   std::ofstream(path("in.csv")) << "number,customer,date,duedate,amount\n";
   const std::string sBefore = bytes_of(book());
@@ -103,6 +106,7 @@ TEST_F(Failure, AFileThatIsNoBookIsRefusedByEveryCommandAndNotTouched) {
 }
 
 TEST_F(Failure, ATruncatedBookIsToldAsDamagedAndNotTouched) {
+  DESK_FILES_ONLY();
   make_demo();
   const std::string sWhole = bytes_of(book());
   const std::string sHalf = sWhole.substr(0, sWhole.size() / 2);
@@ -135,6 +139,7 @@ TEST_F(Failure, ABadCsvLineBringsInNeitherItsInvoiceNorItsCustomer) {
 }
 
 TEST_F(Failure, ABookWithoutTheRightToWriteIsReadOnlyAndStaysAsItIs) {
+  DESK_FILES_ONLY();
   make_demo();
   std::ofstream(path("in.csv")) << "number,customer,date,duedate,amount\nN1,NEW1,2026-11-02,2026-12-02,12.50\n";
   const std::string sBefore = bytes_of(book());
@@ -154,6 +159,7 @@ TEST_F(Failure, ABookWithoutTheRightToWriteIsReadOnlyAndStaysAsItIs) {
 }
 
 TEST_F(Failure, ADiskThatTakesNoMoreLeavesTheBookWholeAndALaterSaveSucceeds) {
+  DESK_FILES_ONLY();
   make_demo();
   add_invoices();
   const std::string sBefore = contents(book());

@@ -60,9 +60,10 @@ TEST(ScenarioParser, WindowsLineEndsAndAByteOrderMarkDoNoHarm) {
 }
 
 TEST(ScenarioParser, AnUnknownCommandNamesFileLineAndTheCommandsThereAre) {
-  EXPECT_EQ(refusal_of("save\npay 100\n"),
-            "day.txt:2: unknown command \"pay\"; use new, open, close, set, select, press, answer, save, voucher, "
-            "expect, say or for each");
+  EXPECT_EQ(
+      refusal_of("save\npay 100\n"),
+      "day.txt:2: unknown command \"pay\"; use new, open, close, set, select, press, answer, save, voucher, batch, "
+      "expect, say or for each");
 }
 
 struct BadLine {
@@ -90,8 +91,11 @@ TEST(ScenarioParser, EveryMisshapenLineSaysHowToWriteIt) {
       {"end", "day.txt:1: \"end\" closes no loop; remove it or write \"for each ...\" before it"},
       {"for each checked receipt\nsave", "day.txt:1: this loop isn't closed; write \"end\" behind its last line"},
       {"for each moon\nend",
-       "day.txt:1: write: for each customer with open receivables, supplier with open payables, checked receipt or "
-       "checked payment"},
+       "day.txt:1: write: for each customer with open receivables, supplier with open payables, checked receipt, "
+       "checked payment or number up to N"},
+      {"for each number up to 12345\nend",
+       "day.txt:1: write: for each customer with open receivables, supplier with open payables, checked receipt, "
+       "checked payment or number up to N"},
   };
   for (const BadLine& line : lines) EXPECT_EQ(refusal_of(line.sText), line.sRefusal) << line.sText;
 }

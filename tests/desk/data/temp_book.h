@@ -7,6 +7,7 @@
 
 #include "data/database.h"
 #include "data/demo.h"
+#include "desk/test_server.h"
 
 namespace desk::testing {
 
@@ -16,6 +17,8 @@ class TempFolder {
   std::string path(const std::string& sName) const {
     return folder_.filePath(QString::fromStdString(sName)).toStdString();
   }
+  /// Where a book of that name lies: here, or on the server of this run.
+  std::string book(const std::string& sName) const { return book_address(path(sName)); }
   std::string write(const std::string& sName, const std::string& sContent) const {
     const std::string sPath = path(sName);
     std::ofstream(sPath, std::ios::binary) << sContent;
@@ -28,7 +31,7 @@ class TempFolder {
 
 struct TempBook {
   TempFolder folder;
-  std::unique_ptr<Database> database = Database::create(folder.path("book.db"));
+  std::unique_ptr<Database> database = Database::create(folder.book("book.db"));
 };
 
 struct DemoBook : TempBook {

@@ -40,6 +40,7 @@ class BillStoreTest : public BillWorld {
 INSTANTIATE_TEST_SUITE_P(BothSides, BillStoreTest, ::testing::ValuesIn(kSides), side_name);
 
 TEST_P(BillStoreTest, AStoreWritesOnlyTheHeadAndTheRowsThatChanged) {
+  DESK_FILES_ONLY();
   ASSERT_TRUE(window->type_field("FExplanation", -1, "head only"));
   const std::int32_t nBefore = written();
   ASSERT_TRUE(window->save());
@@ -139,6 +140,7 @@ TEST_P(BillStoreTest, ABillThatAnotherSeatHasStoredMeanwhileIsNotWrittenOver) {
 }
 
 TEST_P(BillStoreTest, AFailedStoreForgetsNothingThatIsStillToBeWritten) {
+  DESK_FILES_ONLY();
   settle(1, "1");
   settle(3, "3");
   database->exec("CREATE TRIGGER t_Full BEFORE INSERT ON " + entry() +

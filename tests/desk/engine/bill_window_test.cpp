@@ -82,6 +82,7 @@ TEST_P(Window, NotSaveStoresNothingYetSucceedsAndHoldsForOneSaveOnly) {
 }
 
 TEST_P(Window, AFailedStoreLeavesNothingHalfWrittenAndTellsThePlugin) {
+  DESK_FILES_ONLY();
   fill_bill();
   select_with_rows_added();
   // The third row collides with a row that is there already.

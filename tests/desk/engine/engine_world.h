@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "data/database.h"
+#include "desk/test_server.h"
 #include "engine/open_window.h"
 #include "frame/conversions.h"
 #include "frame/host_contract.h"
@@ -77,7 +78,7 @@ class BillWorld : public ::testing::TestWithParam<Side> {
                        std::to_string(reinterpret_cast<std::uintptr_t>(this)) + ".book";
     path_ = (std::filesystem::temp_directory_path() / sName).string();
     std::filesystem::remove(path_);
-    database = Database::create(path_);
+    database = Database::create(book_address(path_));
     fill_masters();
     plugin = arap::make_object<ScriptedPlugin>();
     window = make_window();

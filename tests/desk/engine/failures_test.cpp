@@ -32,6 +32,7 @@ class WindowFailure : public BillWorld {
 INSTANTIATE_TEST_SUITE_P(BothSides, WindowFailure, ::testing::ValuesIn(kSides), side_name);
 
 TEST_P(WindowFailure, AFullDiskRefusesTheSaveAndALaterOneSucceeds) {
+  DESK_FILES_ONLY();
   fill_long_bill();
   const std::string sBefore = contents(*database);
   const std::int32_t nMost = pragma("max_page_count");
@@ -62,6 +63,7 @@ TEST_P(WindowFailure, AnUnknownFieldIsRefusedToTheUserAndNothingToThePlugin) {
 }
 
 TEST_P(WindowFailure, AFailureOfTheBookReachesThePluginAsAnAutomationError) {
+  DESK_FILES_ONLY();
   fill_bill();
   ASSERT_TRUE(window->save());
   // A load asks for the head first; rows that the window has from its own store aren't read again.

@@ -3,6 +3,7 @@
 #include <QTemporaryDir>
 
 #include "data/demo.h"
+#include "desk/test_server.h"
 #include "engine/open_window.h"
 #include "frame/conversions.h"
 #include "services/session.h"
@@ -28,7 +29,7 @@ const Road kRoads[] = {
 class PluginRoad : public ::testing::TestWithParam<Road> {
  protected:
   void SetUp() override {
-    database = Database::create(folder_.filePath(QStringLiteral("road.book")).toStdString());
+    database = Database::create(testing::book_address(folder_.filePath(QStringLiteral("road.book")).toStdString()));
     create_demo(*database, "2026-11-01");
     session = std::make_unique<Session>(*database, "demo");
     Host host(*database);

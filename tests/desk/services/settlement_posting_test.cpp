@@ -70,6 +70,18 @@ TEST_P(SettlementPostingOfBothSides, TheSecondSeatCantSettleTheSameMoneyAgain) {
   EXPECT_EQ(book.books(tables()), sBefore);
 }
 
+TEST_P(SettlementPostingOfBothSides, AHolderWhoseLockWasLostCantWrite) {
+  book.add_invoice(tables(), 1, "X1", 100'00);
+  book.add_simple_bill(tables(), 7, 1, 10'00);
+  SettlementPosting lost(book.database(), tables(), [](std::int32_t nBill) { return nBill == 7; });
+  const std::string sBefore = book.books(tables());
+  EXPECT_EQ(lost.check(7, "li").sRefusal, "单据[SK7]的锁定已失效,请重新操作,审核失败。");
+  EXPECT_EQ(lost.remove(7).sRefusal, "单据[SK7]的锁定已失效,请重新操作,删除失败。");
+  EXPECT_EQ(book.books(tables()), sBefore);
+  ASSERT_TRUE(check(7).bDone);
+  EXPECT_EQ(lost.uncheck(7).sRefusal, "单据[SK7]的锁定已失效,请重新操作,反审核失败。");
+}
+
 TEST_P(SettlementPostingOfBothSides, OneBadRowRefusesTheWholeBill) {
   book.add_invoice(tables(), 1, "X1", 100'00);
   book.add_invoice(tables(), 2, "X2", 10'00);

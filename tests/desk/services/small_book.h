@@ -7,6 +7,7 @@
 #include <string>
 
 #include "data/database.h"
+#include "desk/test_server.h"
 #include "services/session.h"
 #include "services/settlement_posting.h"
 
@@ -40,8 +41,11 @@ class SmallBook {
     )sql");
   }
 
-  std::string path() const { return folder_.filePath(QStringLiteral("book.db")).toStdString(); }
+  std::string path() const { return book_address(folder_.filePath(QStringLiteral("book.db")).toStdString()); }
   Database& database() { return *database_; }
+  /// Lets the book go, for seats in other processes, and opens it again.
+  void close() { database_.reset(); }
+  void open() { database_ = Database::open(path()); }
 
   /// A checked source bill of the side's invoices, in cents.
   void add_invoice(const SettlementTables& tables, std::int32_t nID, const std::string& sNumber, std::int64_t nCents) {
