@@ -77,10 +77,22 @@ List action_log() {
            {"FText", "text", false}}};
 }
 
+// Who works on what: the locks between the seats.
+List tasks() {
+  return {"SELECT FFunction, FExtra, FUser, FMachine, FProcess, FSince FROM t_Task ORDER BY FTaskID",
+          {{"FFunction", "function", false},
+           {"FExtra", "bills", false},
+           {"FUser", "user", false},
+           {"FMachine", "machine", false},
+           {"FProcess", "process", false},
+           {"FSince", "since", false}}};
+}
+
 List list_of(const std::string& sWhat) {
   if (sWhat == "receivables") return open_items(kReceiptTables);
   if (sWhat == "payables") return open_items(kPaymentTables);
   if (sWhat == "bills") return bills();
+  if (sWhat == "tasks") return tasks();
   return action_log();
 }
 

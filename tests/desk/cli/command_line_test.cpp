@@ -45,6 +45,19 @@ TEST_F(CommandLine, ReceivablesShowWhatIsOpen) {
   EXPECT_EQ((*dollar)["open_base"], "8520.00");
 }
 
+TEST_F(CommandLine, TasksShowWhoWorksOnWhat) {
+  make_demo();
+  const auto database = Database::open(book());
+  Session seat(*database, "clerk");
+  const std::vector<std::int32_t> aBills{7, 8};
+  ASSERT_GT(seat.tasks().take(21, "AR0226", aBills), 0);
+  const auto lines = shown("tasks");
+  ASSERT_EQ(lines.size(), 1u);
+  EXPECT_EQ(lines[0]["function"], "AR0226");
+  EXPECT_EQ(lines[0]["bills"], ",7,8,");
+  EXPECT_EQ(lines[0]["user"], "clerk");
+}
+
 TEST_F(CommandLine, AnImportAddsInvoicesAndNamesBadLines) {
   make_demo();
   const std::string sFile = folder.filePath(QStringLiteral("in.csv")).toStdString();

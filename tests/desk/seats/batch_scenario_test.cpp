@@ -52,7 +52,8 @@ TEST_F(BatchOfSeats, ABillThatAnotherProgramHoldsIsTheOnlyOneLeftOut) {
   }
   EXPECT_EQ(play_text("batch receipt Check all\nexpect open XSFP000001 978"), kExitDone) << out << err;
   EXPECT_EQ(told("单据成功!"), 11u) << out;
-  EXPECT_EQ(told("SKD000007"), 1u) << out;
+  EXPECT_EQ(told("当前使用的功能与其他用户有冲突,目前无法使用!"), 1u) << out;
+  EXPECT_EQ(told("SKD000007"), 0u) << out;
   state->store(2);
   EXPECT_EQ(end_of_seat(nSeat), 0);
   EXPECT_EQ(play_text("batch receipt Check SKD000007\nexpect open XSFP000001 976"), kExitDone) << out << err;
