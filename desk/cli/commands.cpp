@@ -170,9 +170,21 @@ void add_open(CLI::App& app, Choices& choices) {
   command->add_option("--today", choices.sToday, "Date of new bills, yyyy-mm-dd; the system's date by default");
 }
 
-int open_windows(const Choices& choices, const OpenDesk& open_desk) {
+void add_picture(CLI::App& app, Choices& choices) {
+  CLI::App* command = app.add_subcommand("picture", "Leave a picture of the windows with the last bill open");
+  command->add_option("BOOK", choices.sBook, "File of the book")->required();
+  command->add_option("FILE", choices.sFile, "Where the picture goes, a PNG file")->required();
+  command->add_option("--bill", choices.sWhat, "receipt or payment; receipt by default")
+      ->check(CLI::IsMember({"receipt", "payment"}));
+  command->add_option("--user", choices.sUser, "Who is logged in; the book's first user by default");
+}
+
+int run_windows(const CLI::App& app, const Choices& choices, const WindowCommands& windows) {
   const auto database = Database::open(choices.sBook);
-  return open_desk(*database, choices.sUser.empty() ? first_user(*database) : choices.sUser, today_of(choices));
+  const std::string sUser = choices.sUser.empty() ? first_user(*database) : choices.sUser;
+  if (app.got_subcommand("open")) return windows.open(*database, sUser, today_of(choices));
+  windows.picture(*database, sUser, choices.sWhat.empty() ? "receipt" : choices.sWhat, choices.sFile);
+  return kExitDone;
 }
 
 int dispatch(const CLI::App& app, const Choices& choices, std::ostream& out, std::ostream& err) {
@@ -198,7 +210,8 @@ int told(std::ostream& err, std::string sText, ExitCode code) {
 
 }  // namespace
 
-int run_command_line(std::vector<std::string> args, std::ostream& out, std::ostream& err, const OpenDesk& open_desk) {
+int run_command_line(std::vector<std::string> args, std::ostream& out, std::ostream& err,
+                     const WindowCommands& windows) {
   CLI::App app("desk: a small receivables and payables office on the command line", "desk");
   app.require_subcommand(1);
   app.footer("Exit codes: 0 done, 1 refused or not as expected, 2 wrong use, 3 bad data or file.");
@@ -208,11 +221,14 @@ int run_command_line(std::vector<std::string> args, std::ostream& out, std::ostr
   add_play(app, choices);
   add_show(app, choices);
   add_bench(app, choices);
-  if (open_desk) add_open(app, choices);
+  if (windows.open) add_open(app, choices);
+  if (windows.picture) add_picture(app, choices);
   try {
     std::reverse(args.begin(), args.end());  // the parser takes them from the back
     app.parse(args);
-    if (open_desk && app.got_subcommand("open")) return open_windows(choices, open_desk);
+    const auto is_chosen = [&](bool bThere, const char* sName) { return bThere && app.got_subcommand(sName); };
+    if (is_chosen(static_cast<bool>(windows.open), "open") || is_chosen(static_cast<bool>(windows.picture), "picture"))
+      return run_windows(app, choices, windows);
     return dispatch(app, choices, out, err);
   } catch (const CLI::Success& success) {
     return app.exit(success, out, err);

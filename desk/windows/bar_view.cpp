@@ -109,6 +109,13 @@ void BarView::refresh() {
     pAction->setCheckable(pTool->bChecked);
     pAction->setChecked(pTool->bChecked);
   }
+  // A menu of which nothing is to be seen isn't there either.
+  for (QAction* pMenu : menus_.actions()) {
+    const QList<QAction*> actions = pMenu->menu()->actions();
+    pMenu->setVisible(std::any_of(actions.begin(), actions.end(), [](const QAction* pAction) {
+      return !pAction->isSeparator() && pAction->isVisible();
+    }));
+  }
 }
 
 QAction* BarView::action(const std::string& sTool) const {

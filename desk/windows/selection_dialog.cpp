@@ -11,8 +11,15 @@
 
 #include "windows/captions.h"
 #include "windows/qt_text.h"
+#include "windows/states.h"
 
 namespace desk {
+
+namespace {
+constexpr int kColumnAir = 24;
+/// Widths come from the first rows; thousands more would hold the dialog up.
+constexpr int kSampledRows = 100;
+}  // namespace
 
 SelectionDialog::SelectionDialog(const SourceList& list, CurrencyNames currencies, QWidget* pParent)
     : QDialog(pParent),
@@ -28,8 +35,12 @@ SelectionDialog::SelectionDialog(const SourceList& list, CurrencyNames currencie
   filter_->installEventFilter(this);
   table_->setModel(&model_);
   table_->setSelectionBehavior(QAbstractItemView::SelectRows);
-  table_->horizontalHeader()->setStretchLastSection(true);
+  table_->horizontalHeader()->setHighlightSections(false);
+  table_->verticalHeader()->setDefaultSectionSize(line_height(*table_));
+  table_->horizontalHeader()->setResizeContentsPrecision(kSampledRows);
   table_->resizeColumnsToContents();
+  for (int nColumn = 0; nColumn < model_.columnCount(); ++nColumn)
+    table_->setColumnWidth(nColumn, table_->columnWidth(nColumn) + kColumnAir);
   table_->installEventFilter(this);
   auto* pButtons = new QDialogButtonBox(this);
   pButtons->addButton(words("确定"), QDialogButtonBox::AcceptRole);

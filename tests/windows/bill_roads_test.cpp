@@ -66,9 +66,12 @@ TEST(BillRoads, APaymentWithADiscountGoesFromNewToChecked) {
 
 TEST(BillRoads, ARedBillBeginsWithAnEmptyBodyAndABlueOneBringsTheTypeBack) {
   DeskUser user;
-  save_receipt(user);
   user.window.new_bill("receipt");
   const std::string sType = user.shown("FReceiveTypeID");
+  user.type("FCustomerID", "C001");
+  user.take_all_in_next_selection();
+  user.command("mnuSelectBill_2000001");
+  ASSERT_GT(user.bill().window().body().size(), 0u);
   user.command("mnuEditRedBill");
   EXPECT_TRUE(user.bill().bars().action("mnuEditRedBill")->isChecked());
   EXPECT_FALSE(user.bill().bars().action("mnuEditBlueBill")->isChecked());
