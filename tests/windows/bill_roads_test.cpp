@@ -7,6 +7,7 @@
 #include <QTemporaryDir>
 
 #include "desk_user.h"
+#include "services/seat_life.h"
 #include "services/vouchers.h"
 #include "windows/inspector.h"
 #include "windows/print_bill.h"
@@ -102,12 +103,12 @@ TEST(BillRoads, ABillThatAnotherProgramHoldsIsReadOnlyAndNamesItsHolderUntilThat
   other.start(QStringLiteral("sleep"), {QStringLiteral("600")});
   ASSERT_TRUE(other.waitForStarted());
   const Seat here = user.seat.session.seat();
+  const auto nOther = static_cast<std::int32_t>(other.processId());
   user.book.database->exec(
-      "INSERT INTO t_Task (FSystem, FFunction, FExtra, FMachine, FProcess, FUser, FSince) VALUES (21, 'AR0224', ?, ?, "
-      "?,"
-      " 'clerk', '2026-11-15T09:30:00')",
-      {Bind("," + std::to_string(nBillID) + ","), Bind(here.sMachine),
-       Bind(static_cast<std::int32_t>(other.processId()))});
+      "INSERT INTO t_Task (FSystem, FFunction, FExtra, FMachine, FProcess, FSeat, FUser, FSince) VALUES (21, 'AR0224',"
+      " ?, ?, ?, ?, 'clerk', '2026-11-15T09:30:00')",
+      {Bind("," + std::to_string(nBillID) + ","), Bind(here.sMachine), Bind(nOther),
+       Bind(seat_life(*user.book.database, nOther))});
   user.window.open_bill("receipt", nBillID);
   auto* pState = user.bill().findChild<QLabel*>(QStringLiteral("state"));
   EXPECT_EQ(utf8(pState->text()), "未审核  只读：clerk在" + here.sMachine + "上从2026-11-15T09:30:00起正在编辑");
