@@ -7,31 +7,28 @@
 
 #include "data/database.h"
 #include "engine/bill_data.h"
+#include "engine/record_store.h"
 
 namespace desk {
 
 /// Stores and loads the bills of a template: the head under FBillID, the rows under FBillID and FIndex.
-class BillStore {
+class BillStore final : public RecordStore {
  public:
   BillStore(Database& database, const BillTemplate& bill) : database_(database), template_(bill) {}
-
-  struct Stored {
-    std::int32_t nBillID = 0;
-    std::string sBillNo;
-  };
 
   /// Stores a bill in one transaction: nBillID 0 is a new one, which gets an id and the next number. Rows without a
   /// value in the body's key field aren't stored, and rows that the book holds already aren't written again. Raises
   /// DeskError, also when another seat has stored or checked the bill since the body was read; nothing is half-written
   /// then. `guard` is asked first inside the transaction and raises what forbids the save.
-  Stored save(const DataRow& head, BodyPage& body, std::int32_t nBillID, const std::function<void()>& guard = {});
+  Stored save(const DataRow& head, BodyPage& body, std::int32_t nBillID,
+              const std::function<void()>& guard = {}) override;
 
   /// Fills head and body with the stored values. False when there is no such bill. The rows of a body that is still the
   /// book's last one aren't read again.
-  bool load(std::int32_t nBillID, DataRow& head, BodyPage& body);
+  bool load(std::int32_t nBillID, DataRow& head, BodyPage& body) override;
 
   /// The id of the bill of that number; 0 when there is none.
-  std::int32_t find_number(const std::string& sBillNo);
+  std::int32_t find_number(const std::string& sBillNo) override;
 
  private:
   std::string next_number();

@@ -36,6 +36,7 @@ std::string FieldDefinition::filter() const {
 BillWindow::BillWindow(Host host, std::shared_ptr<const BillTemplate> bill)
     : host_(std::move(host)),
       template_(std::move(bill)),
+      store_(host_.make_store ? host_.make_store(*template_) : std::make_unique<BillStore>(host_.database, *template_)),
       look_ups_(host_.database),
       filters_(arap::make_object<HostDictionary>()) {
   for (std::size_t i = 0; i < template_->fields().size(); ++i) {
@@ -118,6 +119,7 @@ void BillWindow::new_bill() {
   for (std::size_t i = 0; i < head_->size(); ++i) head_->put(i, default_value(head_->field(i)));
   fill_look_ups(*head_);
   fire(Event::AfterNewBill);
+  fire(Event::AfterNewEmptyData);
 }
 
 bool BillWindow::load_bill(std::int32_t nBillID, bool bReadOnly) {
@@ -125,7 +127,7 @@ bool BillWindow::load_bill(std::int32_t nBillID, bool bReadOnly) {
   fire(Event::BeforeLoadBill, aIgnored);
   const auto oHead = arap::make_object<DataRow>(template_, 1);
   const Ref<BodyPage> oBody = body_;
-  if (!BillStore(host_.database, *template_).load(nBillID, *oHead, *oBody)) return false;
+  if (!store_->load(nBillID, *oHead, *oBody)) return false;
   reset_screen();
   reset_data();
   head_ = oHead;
@@ -155,13 +157,14 @@ void BillWindow::show_loaded(std::int32_t nBillID, bool bReadOnly) {
 }
 
 bool BillWindow::load_number(const std::string& sBillNo) {
-  const std::int32_t nBillID = BillStore(host_.database, *template_).find_number(sBillNo);
+  const std::int32_t nBillID = store_->find_number(sBillNo);
   return nBillID != 0 && load_bill(nBillID);
 }
 
 void BillWindow::close() {
   if (closed_) return;
   closed_ = true;
+  host_.stored = nullptr;
   // The plug-in's terminator can still ask this window.
   plugin_ = nullptr;
   give_lock();

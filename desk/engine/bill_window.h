@@ -92,6 +92,8 @@ class BillWindow final : public arap::Object {
   const FieldState& state(std::string_view sKey) const;
   int decimals(std::size_t nField, const DataRow* pRow) const;
   std::string status_panel(std::int32_t nPanel) const;
+  /// A value of the window's filter object, which the plug-in reads.
+  void set_filter(std::string_view sKey, const arap::Variant& vValue) { filters_->set(sKey, vValue); }
   void set_chooser(SourceChooser chooser) { host_.choose_sources = std::move(chooser); }
 
   // --- the plug-in ------------------------------------------------------------------------------------------------
@@ -171,6 +173,7 @@ class BillWindow final : public arap::Object {
 
   Host host_;
   std::shared_ptr<const BillTemplate> template_;
+  std::unique_ptr<RecordStore> store_;
   arap::Ref<arap::Object> map_info_;  // made when it is first asked for
   LookUps look_ups_;
   arap::EventSourceList events_;

@@ -1,7 +1,6 @@
 #include <array>
 
 #include "data/trace.h"
-#include "engine/bill_store.h"
 #include "engine/bill_window.h"
 #include "frame/conversions.h"
 
@@ -50,9 +49,9 @@ void BillWindow::refuse_lost_lock() const {
 }
 
 bool BillWindow::store_bill() {
-  BillStore::Stored stored;
+  RecordStore::Stored stored;
   try {
-    stored = BillStore(host_.database, *template_).save(*head_, *body_, bill_id_, [this] { refuse_lost_lock(); });
+    stored = store_->save(*head_, *body_, bill_id_, [this] { refuse_lost_lock(); });
   } catch (const DeskError& error) {
     save_reason_ = error.problem();
     if (!error.hint().empty()) save_reason_ += " " + error.hint();
@@ -63,9 +62,13 @@ bool BillWindow::store_bill() {
   }
   if (bill_id_ == 0) edit_lock_ = false;  // the lock of a new bill was nobody's
   bill_id_ = stored.nBillID;
-  head_->put(template_->field(template_->find_key("FBillID")).nPosition, stored.nBillID);
+  // A bill has its id in a field of its own, any other record in FID.
+  const std::size_t nIdField = template_->find_key("FBillID");
+  head_->put(template_->field(nIdField != BillTemplate::kNone ? nIdField : template_->find_key("FID")).nPosition,
+             stored.nBillID);
   Variant aIgnored[] = {stored.nBillID};
   fire(Event::AfterSave, aIgnored);
+  if (host_.stored) host_.stored();
   return load_bill(stored.nBillID);
 }
 

@@ -2,13 +2,17 @@
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "data/database.h"
+#include "engine/record_store.h"
 
 namespace desk {
+
+class BillTemplate;
 
 /// Whether something that the user asked for was done, and if not, why, in words for the user. A refusal that the
 /// plug-in has told by a box of its own has no reason here.
@@ -54,6 +58,10 @@ struct Host {
   std::function<void(std::int32_t nClassType, std::int32_t nBillID)> give_edit_lock;
   /// True when the edit lock that was taken is gone; asked in the transaction that stores the bill.
   std::function<bool(std::int32_t nClassType, std::int32_t nBillID)> lost_edit_lock;
+  /// What keeps the records of the window; without one they are bills, and BillStore keeps them.
+  std::function<std::unique_ptr<RecordStore>(const BillTemplate&)> make_store;
+  /// Told after each store, until the window closes.
+  std::function<void()> stored;
   /// yyyy-mm-dd of a new bill, and who makes it.
   std::string sToday;
   std::string sUser;

@@ -81,9 +81,11 @@ class TemplateReader {
     template_->nClassType = number(*bill, "classType", 0);
     template_->sCaption = needed(*bill, "caption");
     template_->sPluginClass = needed(*bill, "class");
-    template_->sNumberPrefix = needed(*bill, "numberPrefix");
-    template_->sPartnerField = needed(*bill, "partnerField");
-    template_->sTypeField = needed(*bill, "typeField");
+    // Base data has no numbers of its own, no partner and no type.
+    const bool bBaseData = flag(*bill, "baseData", false);
+    template_->sNumberPrefix = bBaseData ? "" : needed(*bill, "numberPrefix");
+    template_->sPartnerField = bBaseData ? "" : needed(*bill, "partnerField");
+    template_->sTypeField = bBaseData ? "" : needed(*bill, "typeField");
   }
 
   void read_page(const Json& item) {

@@ -31,6 +31,8 @@ QFileInfo existing_file(std::string_view sPath) {
 
 }  // namespace
 
+bool is_question(const ShownMessage& message) { return (message.nButtons & kButtonMask) == kYesNo; }
+
 int DeskPlatform::MsgBox(std::string_view sText, int nButtons, std::string_view sTitle) {
   trace(TraceObserver::Kind::Message, sText);
   ShownMessage message{std::string(sText), nButtons, std::string(sTitle)};
@@ -40,7 +42,7 @@ int DeskPlatform::MsgBox(std::string_view sText, int nButtons, std::string_view 
 }
 
 int DeskPlatform::answer(const ShownMessage& message) {
-  const bool bQuestion = (message.nButtons & kButtonMask) == kYesNo;
+  const bool bQuestion = is_question(message);
   if (bQuestion && !answers_.empty()) {
     const int nAnswer = answers_.front();
     answers_.pop_front();

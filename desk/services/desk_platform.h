@@ -20,6 +20,9 @@ struct ShownMessage {
   int nAnswer = 0;
 };
 
+/// Whether a box asks for yes or no; a notice has one button.
+bool is_question(const ShownMessage& message);
+
 /// Numbers of the buttons of a message box.
 inline constexpr int kButtonOk = 1;
 inline constexpr int kButtonYes = 6;

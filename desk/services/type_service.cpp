@@ -3,6 +3,7 @@
 #include "frame/conversions.h"
 #include "services/component.h"
 #include "services/session.h"
+#include "services/type_queries.h"
 
 namespace desk {
 
@@ -17,17 +18,14 @@ struct TypeCondition {
 // (sProps, nID, sNumber, sName, sParentNumber, nBranch), each but the first to be left out. On the top of a branch the
 // number of the parent is "".
 constexpr TypeCondition kQueryConditions[] = {
-    {1, "FID = ?"},     {2, "FNumber = ?"},
-    {3, "FName = ?"},   {4, "COALESCE((SELECT p.FNumber FROM t_RP_InOutType p WHERE p.FID = t.FParentID), '') = ?"},
+    {1, "FID = ?"},
+    {2, "FNumber = ?"},
+    {3, "FName = ?"},
+    {4,
+     "CASE WHEN FLevels = 1 THEN '' ELSE (SELECT p.FNumber FROM t_RP_InOutType p WHERE p.FID = t.FParentID) END = ?"},
     {5, "FBranch = ?"},
 };
 constexpr TypeCondition kUseConditions[] = {{1, "t.FID = ?"}, {2, "t.FNumber = ?"}};
-
-// Children, or the lines of other bills.
-constexpr std::string_view kUsedTypes =
-    "SELECT 1 FROM t_RP_InOutType t WHERE (EXISTS (SELECT 1 FROM t_RP_InOutType c WHERE c.FParentID = t.FID)"
-    " OR EXISTS (SELECT 1 FROM t_RP_ROtherBillEntry r WHERE r.FInOutTypeID = t.FID)"
-    " OR EXISTS (SELECT 1 FROM t_RP_POtherBillEntry p WHERE p.FInOutTypeID = t.FID))";
 
 bool is_given(Arguments args, std::size_t nIndex) { return nIndex < args.size() && !args[nIndex].is_missing(); }
 

@@ -29,7 +29,8 @@ INSTANTIATE_TEST_SUITE_P(BothSides, Window, ::testing::ValuesIn(kSides), side_na
 
 TEST_P(Window, OpeningBuildsTheBarsAndANewBillIsToldOnce) {
   window->new_bill();
-  EXPECT_EQ(plugin->aEvents, (std::vector<std::string>{"BarInitialize", "MenuBarInitialize", "AfterNewBill"}));
+  EXPECT_EQ(plugin->aEvents,
+            (std::vector<std::string>{"BarInitialize", "MenuBarInitialize", "AfterNewBill", "AfterNewEmptyData"}));
   EXPECT_EQ(window->edit_mode(), EditMode::New);
   EXPECT_EQ(arap::Concat(window->value("FDate")), "2026-11-21");
 }

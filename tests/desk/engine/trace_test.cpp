@@ -88,7 +88,8 @@ TEST_P(Trace, ShowsEventsObjectsSqlAndBoxesInTheirOrder) {
       "call Recordset.Eof()\n"
       "call Recordset.Fields(\"FNumber\")\n"
       "call Field FNumber.Value()\n"
-      "message done\n");
+      "message done\n"
+      "event AfterNewEmptyData()\n");
 }
 
 TEST_P(Trace, ShowsTheSelectionAsThePluginWroteItAndAsTheBookGotIt) {

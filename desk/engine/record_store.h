@@ -1,0 +1,35 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+
+namespace desk {
+
+class DataRow;
+class BodyPage;
+
+/// Keeps what a bill window edits: a head with its rows, under an id.
+class RecordStore {
+ public:
+  struct Stored {
+    std::int32_t nBillID = 0;
+    std::string sBillNo;
+  };
+
+  RecordStore() = default;
+  RecordStore(const RecordStore&) = delete;
+  RecordStore& operator=(const RecordStore&) = delete;
+  virtual ~RecordStore() = default;
+
+  /// Stores in one transaction: nBillID 0 is a new record. `guard` is asked first inside it and raises what forbids the
+  /// save. Raises DeskError; nothing is half-written then.
+  virtual Stored save(const DataRow& head, BodyPage& body, std::int32_t nBillID,
+                      const std::function<void()>& guard = {}) = 0;
+  /// Fills head and body with the stored values. False when there is no such record.
+  virtual bool load(std::int32_t nBillID, DataRow& head, BodyPage& body) = 0;
+  /// The id of the record of that number; 0 when there is none.
+  virtual std::int32_t find_number(const std::string& sNumber) = 0;
+};
+
+}  // namespace desk
