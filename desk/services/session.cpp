@@ -40,6 +40,7 @@ Session::Session(Database& database, std::string_view sUserName)
   register_settlement_services(*this);
   register_vouchers(*this);
   register_type_service(*this);
+  register_bill_list(*this);
   register_small_services(*this);
   activate();
 }

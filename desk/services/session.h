@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "data/database.h"
+#include "services/bill_list.h"
 #include "services/desk_platform.h"
 #include "services/task_mutex.h"
 
@@ -40,10 +41,11 @@ class Session {
   /// Puts this seat's platform back in charge, where several seats share a thread.
   void activate() { arap::InstallPlatform(&platform_); }
 
-  /// What the user was shown beside boxes: help topics, vouchers and result lists, in order.
+  /// What the user was shown beside boxes: help topics, vouchers, result lists and lists of bills, in order.
   std::vector<HelpCall> help_calls;
   std::vector<std::string> shown_vouchers;
   std::vector<std::string> shown_results;
+  std::vector<ShownBills> shown_bill_lists;
   /// Hears each line of a result list when it is made, which is after each bill of a batch.
   std::function<void()> result_line_made;
 
@@ -66,6 +68,7 @@ void register_system_values(Session& session);
 void register_settlement_services(Session& session);
 void register_vouchers(Session& session);
 void register_type_service(Session& session);
+void register_bill_list(Session& session);
 void register_small_services(Session& session);
 
 }  // namespace desk

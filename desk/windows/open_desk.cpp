@@ -3,6 +3,7 @@
 #include <QApplication>
 
 #include "frame/conversions.h"
+#include "services/help_viewer.h"
 #include "windows/main_window.h"
 #include "windows/qt_text.h"
 
@@ -10,6 +11,7 @@ namespace desk {
 
 int open_desk(Database& database, const std::string& sUser, const std::string& sToday) {
   DeskSeat seat(database, sUser, sToday);
+  seat.session.platform().set_help_viewer([](const std::string& sPath) { open_help_file(sPath); });
   MainWindow window(seat);
   window.show();
   return QApplication::exec();
