@@ -147,9 +147,9 @@ void add_play(CLI::App& app, Choices& choices) {
 void add_show(CLI::App& app, Choices& choices) {
   CLI::App* command = app.add_subcommand("show", "Print a list of the book");
   command->add_option("BOOK", choices.sBook, "File of the book, or its address on a server")->required();
-  command->add_option("WHAT", choices.sWhat, "receivables, payables, bills, tasks or log")
+  command->add_option("WHAT", choices.sWhat, "receivables, payables, bills, types, invoices, opening, tasks or log")
       ->required()
-      ->check(CLI::IsMember({"receivables", "payables", "bills", "tasks", "log"}));
+      ->check(CLI::IsMember({"receivables", "payables", "bills", "types", "invoices", "opening", "tasks", "log"}));
   command->add_flag("--json", choices.bJson, "As a JSON array");
   add_wait(*command, choices);
 }

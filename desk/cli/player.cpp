@@ -4,7 +4,6 @@
 
 #include "frame/contract_bill.h"
 #include "frame/conversions.h"
-#include "frame/messages.h"
 #include "services/seat_host.h"
 #include "services/vouchers.h"
 
@@ -35,7 +34,11 @@ bool is_expectation(Verb verb) {
     case Verb::ExpectStatus:
     case Verb::ExpectTool:
     case Verb::ExpectLock:
-    case Verb::ExpectOpen: return true;
+    case Verb::ExpectOpen:
+    case Verb::ExpectType:
+    case Verb::ExpectLevel:
+    case Verb::ExpectShown:
+    case Verb::ExpectLines: return true;
     default: return false;
   }
 }
@@ -48,19 +51,25 @@ ScenarioPlayer::ScenarioPlayer(Session& session, std::ostream& out, Options opti
   session_.platform().set_ask_user([this](const ShownMessage& message) {
     messages_.push_back(message.sText);
     tell("    message: " + message.sText);
-    return message.nButtons == arap::kQuestion ? kButtonNo : kButtonOk;
+    return is_question(message) ? kButtonNo : kButtonOk;
   });
+  session_.platform().set_help_viewer(
+      [this](const std::string& sPath) { tell("    help: " + sPath.substr(sPath.find_last_of("\\/") + 1)); });
 }
 
 ScenarioPlayer::~ScenarioPlayer() {
   window_.reset();  // its last messages are still told
+  types_.reset();
+  records_.reset();
   session_.platform().set_ask_user({});
+  session_.platform().set_help_viewer({});
 }
 
 void ScenarioPlayer::play(const Scenario& scenario) {
   file_ = scenario.sFile;
   run_block(scenario.steps, {});
   if (window_) close_bill();
+  close_windows();
 }
 
 void ScenarioPlayer::run_block(const Steps& steps, const Variables& variables) {
@@ -126,6 +135,9 @@ void ScenarioPlayer::act(const Step& step, const std::vector<std::string>& args)
     case Verb::Save: return save();
     case Verb::Voucher: return make_bill_voucher();
     case Verb::Batch: return batch(args);
+    case Verb::Types: return types(args[0]);
+    case Verb::Type: return type(args);
+    case Verb::List: return list(args);
     case Verb::Say: return tell(args[0]);
     default: fail("this line can't be played");
   }
@@ -148,13 +160,15 @@ void ScenarioPlayer::open_bill(const std::string& sKind, const std::string& sNum
 }
 
 void ScenarioPlayer::close_bill() {
+  tell("close");
+  if (records_) return records_.reset();
+  if (types_) return types_->bill() != nullptr ? types_->close_bill() : types_.reset();
   bill().close();
   window_.reset();
-  tell("close");
 }
 
 void ScenarioPlayer::show_window(const SettlementTables& tables) {
-  if (window_) window_->close();
+  close_windows();
   tables_ = &tables;
   window_ = open_settlement_window(session_, tables, options_.sToday);
 }
@@ -167,9 +181,9 @@ void ScenarioPlayer::set(const std::string& sField, std::int32_t nRow, const std
 }
 
 void ScenarioPlayer::press(const std::string& sTool) {
-  BillWindow& window = bill();
   tell("  press " + sTool);
-  const Outcome outcome = window.press(sTool);
+  const Outcome outcome = press_in_front(sTool);
+  tell_shown_bills();
   while (vouchers_told_ < session_.shown_vouchers.size()) tell(session_.shown_vouchers[vouchers_told_++]);
   if (!outcome && !outcome.sReason.empty()) refused("the command " + sTool, outcome.sReason);
 }
@@ -178,13 +192,15 @@ void ScenarioPlayer::save() {
   BillWindow& window = bill();
   const Outcome outcome = window.save();
   if (!outcome) return refused("the save", outcome.sReason);
+  if (types_) return tell("  saved type " + window.shown("FNumber") + " " + window.shown("FName"));
   const std::string sNumber = arap::Concat(window.value("FBillNo"));
   last_number_[tables_->bMoneyComesIn ? 0 : 1] = sNumber;
   tell("  saved as " + sNumber + ": " + window.shown("FAmountFor"));
 }
 
 void ScenarioPlayer::make_bill_voucher() {
-  const std::int32_t nBillID = bill().bill_id();
+  if (!window_) fail("only a receipt or payment gets a voucher; open one before this line");
+  const std::int32_t nBillID = window_->bill_id();
   const std::int32_t nVoucherID = make_voucher(session_, *tables_, nBillID);
   window_->load_bill(nBillID);
   tell("  voucher made:\n" + voucher_text(session_.database(), nVoucherID));
@@ -196,6 +212,7 @@ void ScenarioPlayer::answer(const std::string& sAnswer) {
 }
 
 BillWindow& ScenarioPlayer::bill() {
+  if (types_ && types_->bill() != nullptr) return *types_->bill();
   if (!window_) fail("no bill is open; write \"new receipt\" or \"open receipt NUMBER\" before this line");
   return *window_;
 }

@@ -9,7 +9,9 @@
 
 #include "cli/scenario.h"
 #include "data/trace.h"
+#include "engine/base_window.h"
 #include "engine/open_window.h"
+#include "engine/record_list.h"
 #include "services/session.h"
 #include "services/settlement_tables.h"
 
@@ -50,6 +52,23 @@ class ScenarioPlayer {
   void make_bill_voucher();
   /// A command of the bill list on the bills of these numbers, or on all; one line a bill is told.
   void batch(const std::vector<std::string>& args);
+
+  void types(const std::string& sCommand);
+  void type(const std::vector<std::string>& args);
+  void list(const std::vector<std::string>& args);
+  void select_node(const std::string& sNode);
+  void select_lines(const std::vector<std::string>& args);
+  void point_at(const std::string& sNumber);
+  Outcome press_in_front(const std::string& sTool);
+  void tell_shown_bills();
+  void expect_type(const std::string& sNumber, const std::string& sState);
+  void expect_level(const std::string& sNumber, const std::string& sLevel);
+  void expect_shown(const std::string& sNumber);
+  void expect_lines(const std::string& sCount);
+  BaseWindow& type_window();
+  /// The bar with that command, of the window in front.
+  Bar& bar_in_front(const std::string& sTool);
+  void close_windows();
   void answer(const std::string& sAnswer);
 
   void expect_value(const std::string& sField, std::int32_t nRow, const std::string& sExpected);
@@ -77,9 +96,12 @@ class ScenarioPlayer {
   bool message_expected_next_ = false;
   const SettlementTables* tables_ = nullptr;
   OpenBillWindow window_;
+  OpenBaseWindow types_;
+  OpenRecordList records_;
   std::string last_number_[2];         // of receipts, of payments
   std::vector<std::string> messages_;  // shown since the last action
   std::size_t vouchers_told_ = 0;
+  std::size_t bill_lists_told_ = 0;
 };
 
 /// What a loop goes through, one set of variables a turn: {customer} or {supplier} with {currency}, or {receipt}, or

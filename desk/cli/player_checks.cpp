@@ -31,6 +31,10 @@ void ScenarioPlayer::expect(const Step& step, const std::vector<std::string>& ar
     case Verb::ExpectStatus: return expect_value("FStatus", arap::kHead, args[0]);
     case Verb::ExpectTool: return expect_tool(args[0], args[1]);
     case Verb::ExpectOpen: return expect_open(args[0], args[1]);
+    case Verb::ExpectType: return expect_type(args[0], args[1]);
+    case Verb::ExpectLevel: return expect_level(args[0], args[1]);
+    case Verb::ExpectShown: return expect_shown(args[0]);
+    case Verb::ExpectLines: return expect_lines(args[0]);
     case Verb::ExpectLock: {
       const std::string sName = field_name(args[0], arap::kHead);
       const bool bLocked = bill().locked(args[0]);
@@ -60,7 +64,7 @@ void ScenarioPlayer::expect_message(const std::string& sText) {
 }
 
 void ScenarioPlayer::expect_tool(const std::string& sTool, const std::string& sState) {
-  const BarTool* tool = bill().bar().find_tool(sTool);
+  const BarTool* tool = bar_in_front(sTool).find_tool(sTool);
   if (tool == nullptr) fail("the bar has no command \"" + sTool + "\"");
   const bool bHolds = sState == "enabled"    ? tool->bEnabled
                       : sState == "disabled" ? !tool->bEnabled
@@ -79,6 +83,8 @@ void ScenarioPlayer::expect_open(const std::string& sSource, const std::string& 
 }
 
 void ScenarioPlayer::select(const std::vector<std::string>& args) {
+  if (records_) return select_lines(args);
+  if (types_) return select_node(args[0]);
   BillWindow& window = bill();
   const bool bAll = args[0] == "all";
   std::int32_t nCurrency = 0;

@@ -128,15 +128,19 @@ class Parser {
     if (sVerb == "voucher") return counted(line, Verb::Voucher, args, 0, "voucher");
     if (sVerb == "press") return counted(line, Verb::Press, args, 1, "press TOOL");
     if (sVerb == "batch") return batch_step(line, args);
+    if (sVerb == "types")
+      return choice(line, Verb::Types, args, 0, 1, "types open|view|close", {"open", "view", "close"});
+    if (sVerb == "type") return type_step(line, args);
+    if (sVerb == "list") return list_step(line, args);
     if (sVerb == "set") return set_step(line, args);
     if (sVerb == "select") return select_step(line, args);
     if (sVerb == "answer") return choice(line, Verb::Answer, args, 0, 1, "answer yes|no|ok", {"yes", "no", "ok"});
     if (sVerb == "say") return {line.nNumber, Verb::Say, {rest_after(line.sText, 1)}, {}};
     if (sVerb == "expect") return expect_step(line, args);
     if (sVerb == "for") return loop_step(line);
-    refuse(line,
-           "unknown command \"" + sVerb +
-               "\"; use new, open, close, set, select, press, answer, save, voucher, batch, expect, say or for each");
+    refuse(line, "unknown command \"" + sVerb +
+                     "\"; use new, open, close, set, select, press, answer, save, voucher, batch, types, type, list, "
+                     "expect, say or for each");
   }
 
   Step counted(const Line& line, Verb verb, Words args, std::size_t nCount, std::string_view sForm) const {
@@ -178,6 +182,22 @@ class Parser {
     return {line.nNumber, Verb::Select, args, {}};
   }
 
+  Step type_step(const Line& line, const Words& args) const {
+    const bool bNew = !args.empty() && args[0] == "new" && args.size() <= 2;
+    const bool bOfType = args.size() == 2 && is_one_of(args[0], {"modify", "delete", "disable", "enable"});
+    if (!bNew && !bOfType) refuse(line, "write: type new, type new NODE, or type modify|delete|disable|enable NUMBER");
+    return {line.nNumber, Verb::Type, args, {}};
+  }
+
+  Step list_step(const Line& line, const Words& args) const {
+    const bool bInvoices =
+        args.size() == 2 && args[0] == "invoices" && is_one_of(args[1], {"1000000", "1000002", "1000003", "1000004"});
+    const bool bOpening = args.size() == 2 && args[0] == "opening" && is_one_of(args[1], {"receivables", "payables"});
+    if (!bInvoices && !bOpening)
+      refuse(line, "write: list invoices 1000000|1000002|1000003|1000004, or list opening receivables|payables");
+    return {line.nNumber, Verb::List, args, {}};
+  }
+
   Step expect_step(const Line& line, const Words& args) const {
     const std::string sWhat = args.empty() ? "" : args[0];
     const Words rest(args.begin() + (args.empty() ? 0 : 1), args.end());
@@ -186,13 +206,22 @@ class Parser {
     if (sWhat == "row") return row_step(line, Verb::ExpectRow, args, "expect row N FIELD VALUE");
     if (sWhat == "status") return choice(line, Verb::ExpectStatus, rest, 0, 1, "expect status 0|1", {"0", "1"});
     if (sWhat == "open") return counted(line, Verb::ExpectOpen, rest, 2, "expect open SOURCE AMOUNT");
+    if (sWhat == "type") {
+      return choice(line, Verb::ExpectType, rest, 1, 2, "expect type NUMBER there|gone|leaf|parent|enabled|disabled",
+                    {"there", "gone", "leaf", "parent", "enabled", "disabled"});
+    }
+    if (sWhat == "level") return counted(line, Verb::ExpectLevel, rest, 2, "expect level NUMBER N");
+    if (sWhat == "shown") return counted(line, Verb::ExpectShown, rest, 1, "expect shown NUMBER");
+    if (sWhat == "lines") return counted(line, Verb::ExpectLines, rest, 1, "expect lines N");
     if (sWhat == "lock")
       return choice(line, Verb::ExpectLock, rest, 1, 2, "expect lock FIELD locked|free", {"locked", "free"});
     if (sWhat == "tool") {
       return choice(line, Verb::ExpectTool, rest, 1, 2, "expect tool TOOL enabled|disabled|visible|hidden|checked",
                     {"enabled", "disabled", "visible", "hidden", "checked"});
     }
-    refuse(line, "unknown expectation; use expect field, row, message, status, tool, lock or open");
+    refuse(line,
+           "unknown expectation; use expect field, row, message, status, tool, lock, open, type, level, shown or "
+           "lines");
   }
 
   std::string message_text(const Line& line) const {

@@ -14,7 +14,7 @@ enum class Verb {
   Close,          // close
   Set,            // set FIELD VALUE
   SetRow,         // set row N FIELD VALUE
-  Select,         // select all | select all in CURRENCY | select NUMBER...
+  Select,         // select all | select all in CURRENCY | select NUMBER...; in the tree of types select root|NUMBER
   Press,          // press TOOL
   Answer,         // answer yes|no|ok
   Save,           // save
@@ -27,6 +27,13 @@ enum class Verb {
   ExpectTool,     // expect tool TOOL enabled|disabled|visible|hidden|checked
   ExpectLock,     // expect lock FIELD locked|free
   ExpectOpen,     // expect open SOURCE AMOUNT
+  Types,          // types open|view|close
+  Type,           // type new [NODE] | type modify|delete|disable|enable NUMBER
+  List,           // list invoices 1000000|1000002|1000003|1000004 | list opening receivables|payables
+  ExpectType,     // expect type NUMBER there|gone|leaf|parent|enabled|disabled
+  ExpectLevel,    // expect level NUMBER N
+  ExpectShown,    // expect shown NUMBER
+  ExpectLines,    // expect lines N
   Say,            // say TEXT
   ForEach,        // for each THING ... end
 };

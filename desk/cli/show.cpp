@@ -88,11 +88,52 @@ List tasks() {
            {"FSince", "since", false}}};
 }
 
+List types() {
+  return {
+      "SELECT t.FNumber AS FNumber, t.FName AS FName, b.FName AS FBranchName, t.FLevels AS FLevels,"
+      " CASE t.FIsLeaf WHEN 0 THEN 'parent' ELSE 'leaf' END AS FKind,"
+      " CASE t.FDiscontinued WHEN 0 THEN '' ELSE 'disabled' END AS FState FROM t_RP_InOutType t"
+      " LEFT JOIN t_RP_InOutType b ON b.FBranch = t.FBranch AND b.FParentID = 1000207 ORDER BY t.FNumber",
+      {{"FNumber", "number", false},
+       {"FName", "name", false},
+       {"FBranchName", "branch", false},
+       {"FLevels", "level", false},
+       {"FKind", "kind", false},
+       {"FState", "state", false}}};
+}
+
+// Sale and purchase in one list.
+List invoices(bool bOpening) {
+  const auto side = [bOpening](const std::string& sKind, const std::string& sTable, const std::string& sPartner) {
+    const std::string sPartners = sTable == "ICSale" ? "t_Organization" : "t_Supplier";
+    return "SELECT '" + sKind + "' AS FKind, s.FClassTypeID AS FClass, s.FBillNo AS FBillNo, s.FDate AS FDate," +
+           " p.FNumber AS FPartner, p.FName AS FPartnerName, c.FNumber AS FCurrency, s.FAmountFor AS FAmountFor," +
+           " s.FReceiveAmountFor AS FSettledFor, s.FAmountFor - s.FReceiveAmountFor AS FLeftFor FROM " + sTable +
+           " s LEFT JOIN " + sPartners + " p ON p.FItemID = s." + sPartner +
+           " LEFT JOIN t_Currency c ON c.FCurrencyID = s.FCurrencyID WHERE s.FIsBegin = " + (bOpening ? "1" : "0");
+  };
+  return {side("sale", "ICSale", "FCustID") + " UNION ALL " + side("purchase", "ICPurchase", "FSupplyID") +
+              " ORDER BY 1 DESC, 2, 3",
+          {{"FKind", "kind", false},
+           {"FClass", "class", false},
+           {"FBillNo", "number", false},
+           {"FDate", "date", false},
+           {"FPartner", "partner", false},
+           {"FPartnerName", "name", false},
+           {"FCurrency", "currency", false},
+           {"FAmountFor", "amount", true},
+           {"FSettledFor", "settled", true},
+           {"FLeftFor", "open", true}}};
+}
+
 List list_of(const std::string& sWhat) {
   if (sWhat == "receivables") return open_items(kReceiptTables);
   if (sWhat == "payables") return open_items(kPaymentTables);
   if (sWhat == "bills") return bills();
   if (sWhat == "tasks") return tasks();
+  if (sWhat == "types") return types();
+  if (sWhat == "invoices") return invoices(false);
+  if (sWhat == "opening") return invoices(true);
   return action_log();
 }
 

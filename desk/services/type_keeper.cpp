@@ -13,7 +13,8 @@ namespace {
 
 constexpr std::int32_t kRoot = 1000207;
 
-// The tasks of the work on a type; modify is the plug-in's.
+// The tasks of the work on a type; that of modify is taken by the plug-in.
+constexpr std::string_view kModifyTask = "pu0551";
 constexpr std::string_view kDeleteTask = "pu0552";
 constexpr std::string_view kStateTask = "pu0553";
 constexpr std::int32_t kTaskSystem = 21;
@@ -46,10 +47,12 @@ std::int32_t parent_of(Database& database, std::int32_t nID) {
 
 OpenBaseWindow open_window(Session& session, const std::string& sToday, std::string_view sClass) {
   Host host = seat_host(session, sToday);
-  // The plug-in's own task guards a type.
+  // The plug-in's own task guards a type; the store only asks whether it is still there.
   host.take_edit_lock = nullptr;
   host.give_edit_lock = nullptr;
-  host.lost_edit_lock = nullptr;
+  host.lost_edit_lock = [&session](std::int32_t, std::int32_t nID) {
+    return session.tasks().has_lost(kModifyTask, nID);
+  };
   return OpenBaseWindow(std::make_shared<TypeKeeper>(session), std::move(host), BillTemplate::shipped("type"),
                         arap::CreatePublicObject(std::string(arap::kLibraryName) + "." + std::string(sClass)));
 }

@@ -60,10 +60,9 @@ TEST(ScenarioParser, WindowsLineEndsAndAByteOrderMarkDoNoHarm) {
 }
 
 TEST(ScenarioParser, AnUnknownCommandNamesFileLineAndTheCommandsThereAre) {
-  EXPECT_EQ(
-      refusal_of("save\npay 100\n"),
-      "day.txt:2: unknown command \"pay\"; use new, open, close, set, select, press, answer, save, voucher, batch, "
-      "expect, say or for each");
+  EXPECT_EQ(refusal_of("save\npay 100\n"),
+            "day.txt:2: unknown command \"pay\"; use new, open, close, set, select, press, answer, save, voucher, "
+            "batch, types, type, list, expect, say or for each");
 }
 
 struct BadLine {
@@ -86,7 +85,9 @@ TEST(ScenarioParser, EveryMisshapenLineSaysHowToWriteIt) {
       {"expect status 2", "day.txt:1: write: expect status 0|1"},
       {"expect lock FDate shut", "day.txt:1: write: expect lock FIELD locked|free"},
       {"expect message", "day.txt:1: write: expect message TEXT"},
-      {"expect luck", "day.txt:1: unknown expectation; use expect field, row, message, status, tool, lock or open"},
+      {"expect luck",
+       "day.txt:1: unknown expectation; use expect field, row, message, status, tool, lock, open, "
+       "type, level, shown or lines"},
       {"set FX \"open", "day.txt:1: a quoted word isn't closed; add the missing \""},
       {"end", "day.txt:1: \"end\" closes no loop; remove it or write \"for each ...\" before it"},
       {"for each checked receipt\nsave", "day.txt:1: this loop isn't closed; write \"end\" behind its last line"},
