@@ -11,10 +11,6 @@ namespace desk {
 
 namespace {
 
-const SettlementTables& tables_of(const std::string& sKind) {
-  return sKind == "receipt" ? kReceiptTables : kPaymentTables;
-}
-
 std::string_view word_of(TraceObserver::Kind kind) {
   switch (kind) {
     case TraceObserver::Kind::Event: return "event    ";
@@ -48,11 +44,7 @@ bool is_expectation(Verb verb) {
 ScenarioPlayer::ScenarioPlayer(Session& session, std::ostream& out, Options options)
     : session_(session), out_(out), options_(std::move(options)) {
   if (options_.bTrace) tracing_.emplace(trace_);
-  session_.platform().set_ask_user([this](const ShownMessage& message) {
-    messages_.push_back(message.sText);
-    tell("    message: " + message.sText);
-    return is_question(message) ? kButtonNo : kButtonOk;
-  });
+  session_.platform().set_ask_user([this](const ShownMessage& message) { return answer_box(message); });
   session_.platform().set_help_viewer(
       [this](const std::string& sPath) { tell("    help: " + sPath.substr(sPath.find_last_of("\\/") + 1)); });
 }
@@ -144,17 +136,17 @@ void ScenarioPlayer::act(const Step& step, const std::vector<std::string>& args)
 }
 
 void ScenarioPlayer::new_bill(const std::string& sKind) {
-  show_window(tables_of(sKind));
+  show_window(*find_bill_kind(sKind));
   window_->new_bill();
   tell("new " + sKind);
 }
 
 void ScenarioPlayer::open_bill(const std::string& sKind, const std::string& sNumber) {
-  const SettlementTables& tables = tables_of(sKind);
+  const BillKind& kind = *find_bill_kind(sKind);
   std::string sWanted = sNumber;
-  if (sNumber == "last") sWanted = last_number_[tables.bMoneyComesIn ? 0 : 1];
+  if (sNumber == "last") sWanted = last_numbers_[kind.nClass];
   if (sWanted.empty()) fail("no " + sKind + " was saved in this scenario yet; save one first or name its number");
-  show_window(tables);
+  show_window(kind);
   if (!window_->load_number(sWanted)) fail("there is no " + sKind + " " + sWanted + "; see \"desk show BOOK bills\"");
   tell("open " + sKind + " " + sWanted + " (status " + arap::Concat(window_->value("FStatus")) + ")");
 }
@@ -167,10 +159,10 @@ void ScenarioPlayer::close_bill() {
   window_.reset();
 }
 
-void ScenarioPlayer::show_window(const SettlementTables& tables) {
+void ScenarioPlayer::show_window(const BillKind& kind) {
   close_windows();
-  tables_ = &tables;
-  window_ = open_settlement_window(session_, tables, options_.sToday);
+  kind_ = &kind;
+  window_ = open_bill_window(seat_host(session_, options_.sToday), BillTemplate::shipped(kind.sTemplate));
 }
 
 void ScenarioPlayer::set(const std::string& sField, std::int32_t nRow, const std::string& sText) {
@@ -194,21 +186,32 @@ void ScenarioPlayer::save() {
   if (!outcome) return refused("the save", outcome.sReason);
   if (types_) return tell("  saved type " + window.shown("FNumber") + " " + window.shown("FName"));
   const std::string sNumber = arap::Concat(window.value("FBillNo"));
-  last_number_[tables_->bMoneyComesIn ? 0 : 1] = sNumber;
+  last_numbers_[kind_->nClass] = sNumber;
   tell("  saved as " + sNumber + ": " + window.shown("FAmountFor"));
 }
 
 void ScenarioPlayer::make_bill_voucher() {
-  if (!window_) fail("only a receipt or payment gets a voucher; open one before this line");
+  if (!window_) fail("only a bill gets a voucher; open one before this line");
   const std::int32_t nBillID = window_->bill_id();
-  const std::int32_t nVoucherID = make_voucher(session_, *tables_, nBillID);
+  const std::int32_t nVoucherID = kind_->other != nullptr ? make_voucher(session_, *kind_->other, nBillID)
+                                                          : make_voucher(session_, kind_->side, nBillID);
   window_->load_bill(nBillID);
   tell("  voucher made:\n" + voucher_text(session_.database(), nVoucherID));
 }
 
 void ScenarioPlayer::answer(const std::string& sAnswer) {
   // A notice has one button and needs no answer.
-  if (sAnswer != "ok") session_.platform().queue_answer(sAnswer == "yes" ? kButtonYes : kButtonNo);
+  if (sAnswer != "ok") answers_.push_back(sAnswer == "yes" ? kButtonYes : kButtonNo);
+}
+
+/// A question without an answer given beforehand is answered no.
+int ScenarioPlayer::answer_box(const ShownMessage& message) {
+  messages_.push_back(message.sText);
+  tell("    message: " + message.sText);
+  if (!is_question(message)) return kButtonOk;
+  const int nAnswer = answers_.empty() ? kButtonNo : answers_.front();
+  if (!answers_.empty()) answers_.pop_front();
+  return nAnswer;
 }
 
 BillWindow& ScenarioPlayer::bill() {

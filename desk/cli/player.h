@@ -1,5 +1,6 @@
 #pragma once
 
+#include <deque>
 #include <iosfwd>
 #include <map>
 #include <optional>
@@ -12,8 +13,8 @@
 #include "engine/base_window.h"
 #include "engine/open_window.h"
 #include "engine/record_list.h"
+#include "services/bill_kinds.h"
 #include "services/session.h"
-#include "services/settlement_tables.h"
 
 namespace desk {
 
@@ -70,6 +71,7 @@ class ScenarioPlayer {
   Bar& bar_in_front(const std::string& sTool);
   void close_windows();
   void answer(const std::string& sAnswer);
+  int answer_box(const ShownMessage& message);
 
   void expect_value(const std::string& sField, std::int32_t nRow, const std::string& sExpected);
   void expect_message(const std::string& sText);
@@ -79,7 +81,7 @@ class ScenarioPlayer {
   BillWindow& bill();
   std::string field_name(const std::string& sField, std::int32_t nRow);
   std::int32_t row_number(const std::string& sText);
-  void show_window(const SettlementTables& tables);
+  void show_window(const BillKind& kind);
   /// A refusal ends the scenario, unless the next line says which message it expects.
   void refused(const std::string& sWhat, const std::string& sReason);
   void tell(const std::string& sLine);
@@ -94,12 +96,13 @@ class ScenarioPlayer {
   std::string file_;
   const Step* step_ = nullptr;
   bool message_expected_next_ = false;
-  const SettlementTables* tables_ = nullptr;
+  const BillKind* kind_ = nullptr;  // of the open bill
   OpenBillWindow window_;
   OpenBaseWindow types_;
   OpenRecordList records_;
-  std::string last_number_[2];         // of receipts, of payments
-  std::vector<std::string> messages_;  // shown since the last action
+  std::map<std::int32_t, std::string> last_numbers_;  // by class
+  std::deque<int> answers_;                           // to the next questions
+  std::vector<std::string> messages_;                 // shown since the last action
   std::size_t vouchers_told_ = 0;
   std::size_t bill_lists_told_ = 0;
 };

@@ -24,7 +24,8 @@ std::vector<std::int32_t> bills_of(const Rows& lines, std::vector<std::string> a
 
 void ScenarioPlayer::batch(const std::vector<std::string>& args) {
   const std::string& sKind = args[0];
-  const OpenListWindow list = open_list_window(session_.database(), BillTemplate::shipped(sKind));
+  const OpenListWindow list =
+      open_list_window(session_.database(), BillTemplate::shipped(find_bill_kind(sKind)->sTemplate));
   if (args[2] == "all") {
     list->select_all();
   } else {

@@ -5,6 +5,8 @@
 #include <optional>
 #include <span>
 
+#include "services/bill_kinds.h"
+
 namespace desk {
 
 namespace {
@@ -56,6 +58,13 @@ std::string rest_after(std::string_view sText, int nWords) {
 
 bool is_one_of(std::string_view sWord, std::initializer_list<std::string_view> choices) {
   return std::find(choices.begin(), choices.end(), sWord) != choices.end();
+}
+
+// Every kind of bill, as the lines name it.
+std::string kinds() {
+  std::string sKinds;
+  for (const BillKind& kind : bill_kinds()) sKinds.append(sKinds.empty() ? "" : "|").append(kind.sWord);
+  return sKinds;
 }
 
 bool is_row_number(std::string_view sWord) {
@@ -121,8 +130,8 @@ class Parser {
   Step step(const Line& line) const {
     const std::string& sVerb = line.words[0];
     const Words args(line.words.begin() + 1, line.words.end());
-    if (sVerb == "new") return bill_kind(line, Verb::New, args, 1, "new receipt|payment");
-    if (sVerb == "open") return bill_kind(line, Verb::Open, args, 2, "open receipt|payment NUMBER|last");
+    if (sVerb == "new") return bill_kind(line, Verb::New, args, 1, "new " + kinds());
+    if (sVerb == "open") return bill_kind(line, Verb::Open, args, 2, "open " + kinds() + " NUMBER|last");
     if (sVerb == "close") return counted(line, Verb::Close, args, 0, "close");
     if (sVerb == "save") return counted(line, Verb::Save, args, 0, "save");
     if (sVerb == "voucher") return counted(line, Verb::Voucher, args, 0, "voucher");
@@ -155,7 +164,8 @@ class Parser {
   }
 
   Step bill_kind(const Line& line, Verb verb, Words args, std::size_t nCount, std::string_view sForm) const {
-    return choice(line, verb, std::move(args), 0, nCount, sForm, {"receipt", "payment"});
+    if (args.size() != nCount || find_bill_kind(args[0]) == nullptr) refuse(line, "write: " + std::string(sForm));
+    return {line.nNumber, verb, std::move(args), {}};
   }
 
   Step row_step(const Line& line, Verb verb, const Words& args, std::string_view sForm) const {
@@ -165,8 +175,8 @@ class Parser {
   }
 
   Step batch_step(const Line& line, const Words& args) const {
-    if (args.size() < 3 || !is_one_of(args[0], {"receipt", "payment"}))
-      refuse(line, "write: batch receipt|payment TOOL all, or batch receipt|payment TOOL NUMBER ...");
+    if (args.size() < 3 || find_bill_kind(args[0]) == nullptr)
+      refuse(line, "write: batch " + kinds() + " TOOL all, or batch " + kinds() + " TOOL NUMBER ...");
     return {line.nNumber, Verb::Batch, args, {}};
   }
 

@@ -9,8 +9,8 @@ namespace desk {
 
 /// What one line of a scenario asks for. The comment shows the line; the words in capitals are `args`, in this order.
 enum class Verb {
-  New,            // new receipt|payment
-  Open,           // open receipt|payment NUMBER|last
+  New,            // new KIND: receipt|payment|receivable|payable
+  Open,           // open KIND NUMBER|last
   Close,          // close
   Set,            // set FIELD VALUE
   SetRow,         // set row N FIELD VALUE
@@ -19,7 +19,7 @@ enum class Verb {
   Answer,         // answer yes|no|ok
   Save,           // save
   Voucher,        // voucher
-  Batch,          // batch receipt|payment TOOL all | batch receipt|payment TOOL NUMBER...
+  Batch,          // batch KIND TOOL all | batch KIND TOOL NUMBER...
   ExpectField,    // expect field FIELD VALUE
   ExpectRow,      // expect row N FIELD VALUE
   ExpectMessage,  // expect message TEXT

@@ -5,7 +5,7 @@
 #include <ostream>
 #include <vector>
 
-#include "services/settlement_tables.h"
+#include "services/bill_kinds.h"
 
 namespace desk {
 
@@ -51,9 +51,22 @@ std::string bill_select(const SettlementTables& tables, std::string_view sKind) 
                               " ON p.FItemID = b.{partner} LEFT JOIN t_Currency c ON c.FCurrencyID = b.FCurrencyID");
 }
 
+// An other bill settles nothing: its amount stands as money, and what was settled of it so far as settled.
+std::string other_bill_select(const OtherTables& tables, std::string_view sKind) {
+  return side_sql(tables.side, "SELECT '" + std::string(sKind) +
+                                   "', b.FBillNo, b.FDate, p.FNumber, b.FBillTypeID, c.FNumber, b.FCheckAmountFor,"
+                                   " b.FAmountFor, 0, b.FStatus, b.FVoucherID, b.FBillID FROM {other} b LEFT JOIN"
+                                   " {partners} p ON p.FItemID = b.{partner} LEFT JOIN t_Currency c"
+                                   " ON c.FCurrencyID = b.FCurrencyID");
+}
+
 List bills() {
-  return {bill_select(kReceiptTables, "receipt") + " UNION ALL " + bill_select(kPaymentTables, "payment") +
-              " ORDER BY 1 DESC, 12",
+  std::string sSql;
+  for (const BillKind& kind : bill_kinds()) {
+    if (!sSql.empty()) sSql += " UNION ALL ";
+    sSql += kind.other != nullptr ? other_bill_select(*kind.other, kind.sWord) : bill_select(kind.side, kind.sWord);
+  }
+  return {sSql + " ORDER BY 1 DESC, 12",
           {{"FKind", "kind", false},
            {"FBillNo", "number", false},
            {"FDate", "date", false},

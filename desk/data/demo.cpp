@@ -164,6 +164,9 @@ void create_demo(Database& database, const std::string& sToday) {
   create_masters(database, sToday);
   database.exec_script(kPartners);
   create_open_items(database, sToday);
+  // Beyond a customer's limit the desk warns, beyond a supplier's it refuses.
+  database.exec("UPDATE t_SystemProfile SET FValue = '2' WHERE FKey = 'CreditDegree'");
+  database.exec("UPDATE t_SystemProfile SET FValue = '3' WHERE FKey = 'CreditDegreeCG'");
   transaction.commit();
 }
 

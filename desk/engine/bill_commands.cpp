@@ -34,6 +34,8 @@ Outcome BillWindow::run_host_command(BarTool& tool) {
     new_bill();
   } else if (arap::EqualsNoCase(tool.sName, "mnuFileExit")) {
     close();
+  } else if (arap::EqualsNoCase(tool.sName, "mnuEditDelete")) {
+    return delete_bill();
   } else if (arap::EqualsNoCase(tool.sName, "mnuEditDelRow")) {
     return delete_active_row();
   } else if (arap::EqualsNoCase(tool.sName, "mnuEditAddRow")) {
@@ -42,6 +44,17 @@ Outcome BillWindow::run_host_command(BarTool& tool) {
     const std::int32_t nType = tool.selection_type();
     return select_sources(nType != 0 ? nType : arap::LongOf(std::string_view(tool.sName).substr(kSelectPrefix.size())));
   }
+  return Outcome::done();
+}
+
+/// A new bill takes the place of the deleted one. One that was never stored just goes away.
+Outcome BillWindow::delete_bill() {
+  if (mode_ == EditMode::ReadOnly) return Outcome::refused("单据以只读方式打开，不能删除。");
+  if (bill_id_ != 0) {
+    if (!host_.delete_bill) return Outcome::refused("这里不能删除单据。");
+    if (Outcome deleted = host_.delete_bill(template_->nClassType, bill_id_); !deleted) return deleted;
+  }
+  new_bill();
   return Outcome::done();
 }
 

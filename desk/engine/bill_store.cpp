@@ -17,14 +17,6 @@ bool is_own_column(const TemplateField& field) {
          (field.nPage == 1 && arap::EqualsNoCase(field.sColumn, "FBillNo"));
 }
 
-/// What only the services write after the first store: a save must not put an older state back.
-bool is_kept_by_services(const TemplateField& field) {
-  for (const char* sKey : {"FStatus", "FCheckAmountFor", "FCheckAmount", "FVoucherID", "FChecker", "FCheckDate"}) {
-    if (arap::EqualsNoCase(field.sKey, sKey)) return true;
-  }
-  return false;
-}
-
 Bind bind_of(const TemplateField& field, const Value& vValue) {
   switch (field.kind) {
     case FieldKind::Money: return Money::from_double(arap::NumberOf(vValue));
@@ -85,11 +77,14 @@ BillStore::Stored BillStore::save(const DataRow& head, BodyPage& body, std::int3
   const std::string& sTable = template_.page(1).sTable;
   if (nBillID == 0) {
     stored.nBillID = arap::LongOf(database_.value("SELECT COALESCE(MAX(FBillID), 0) + 1 FROM " + sTable));
-    stored.sBillNo = next_number();
+    stored.sBillNo = typed_number(head, 0);
+    if (stored.sBillNo.empty()) stored.sBillNo = next_number();
     insert_head(head, stored);
     state = {stored.nBillID, 0, 0};
   } else {
+    const std::string sTyped = typed_number(head, nBillID);
     update_head(head, nBillID, state);
+    if (!sTyped.empty()) database_.exec("UPDATE " + sTable + " SET FBillNo = ? WHERE FBillID = ?", {sTyped, nBillID});
     stored.sBillNo = arap::Concat(database_.value("SELECT FBillNo FROM " + sTable + " WHERE FBillID = ?", {nBillID}));
     ++state.nVersion;
   }
@@ -102,7 +97,32 @@ BillStore::Stored BillStore::save(const DataRow& head, BodyPage& body, std::int3
   return stored;
 }
 
+/// The number that the user gave the bill; "" where the number is the store's. Raises DeskError for one that another
+/// bill has.
+std::string BillStore::typed_number(const DataRow& head, std::int32_t nBillID) {
+  const TemplateField& field = template_.field(template_.find_key("FBillNo"));
+  if (field.bReadOnly) return {};
+  const std::string sNumber(arap::Trim(arap::Concat(head.cell(field.nPosition).value())));
+  const std::int32_t nHolder = sNumber.empty() ? 0 : find_number(sNumber);
+  if (nHolder != 0 && nHolder != nBillID) {
+    throw DeskError(ErrorKind::Constraint, "编号为“" + sNumber + "”的单据已经存在。", template_.page(1).sTable,
+                    "请修改单据编号。");
+  }
+  return sNumber;
+}
+
+/// The next number that no bill has, here or in the twin's table.
 std::string BillStore::next_number() {
+  const std::string& sTwin = template_.sNumberTwin;
+  while (true) {
+    std::string sNumber = count_up();
+    if (find_number(sNumber) != 0) continue;
+    if (sTwin.empty() || database_.query("SELECT 1 FROM " + sTwin + " WHERE FBillNo = ?", {sNumber}).empty())
+      return sNumber;
+  }
+}
+
+std::string BillStore::count_up() {
   Rows rows =
       database_.query("UPDATE t_BillNumber SET FNext = FNext + 1 WHERE FClassTypeID = ? RETURNING FPrefix, FNext",
                       {template_.nClassType});
@@ -134,7 +154,7 @@ void BillStore::update_head(const DataRow& head, std::int32_t nBillID, const Bod
   Binds binds;
   for (std::size_t i = 0; i < head.size(); ++i) {
     const TemplateField& field = head.field(i);
-    if (is_own_column(field) || is_kept_by_services(field)) continue;
+    if (is_own_column(field) || field.bKept) continue;
     sSet += ", " + field.sColumn + " = ?";
     binds.push_back(bind_of(field, head.cell(i).value()));
   }

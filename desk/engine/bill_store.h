@@ -16,10 +16,11 @@ class BillStore final : public RecordStore {
  public:
   BillStore(Database& database, const BillTemplate& bill) : database_(database), template_(bill) {}
 
-  /// Stores a bill in one transaction: nBillID 0 is a new one, which gets an id and the next number. Rows without a
-  /// value in the body's key field aren't stored, and rows that the book holds already aren't written again. Raises
-  /// DeskError, also when another seat has stored or checked the bill since the body was read; nothing is half-written
-  /// then. `guard` is asked first inside the transaction and raises what forbids the save.
+  /// Stores a bill in one transaction: nBillID 0 is a new one, which gets an id and, unless the user has typed one, the
+  /// next number. Rows without a value in the body's key field aren't stored, and rows that the book holds already
+  /// aren't written again. Raises DeskError, also when the typed number is taken, or when another seat has stored or
+  /// checked the bill since the body was read; nothing is half-written then. `guard` is asked first inside the
+  /// transaction and raises what forbids the save.
   Stored save(const DataRow& head, BodyPage& body, std::int32_t nBillID,
               const std::function<void()>& guard = {}) override;
 
@@ -31,7 +32,9 @@ class BillStore final : public RecordStore {
   std::int32_t find_number(const std::string& sBillNo) override;
 
  private:
+  std::string typed_number(const DataRow& head, std::int32_t nBillID);
   std::string next_number();
+  std::string count_up();
   void insert_head(const DataRow& head, const Stored& stored);
   void update_head(const DataRow& head, std::int32_t nBillID, const BodyInBook& state);
   std::vector<DataRow*> used_rows(const BodyPage& body) const;

@@ -16,12 +16,14 @@ namespace desk {
 
 enum class FieldKind : std::uint8_t { Id, Text, Money, Rate, Percent, Date, Integer };
 
-/// Where a field gets its list from: table, key column, column of the code that a user types. The name is FName.
+/// Where a field gets its list from: table, key column, column of the code that a user types. The name is FName. What
+/// can be chosen meets the filter, a condition in the book's SQL; "" for none.
 struct LookUpSource {
   std::int32_t nSourceType = 1;
   std::string sTable;
   std::string sKeyColumn;
   std::string sCodeColumn;
+  std::string sFilter;
 };
 
 struct TemplateField {
@@ -40,6 +42,7 @@ struct TemplateField {
   bool bVisible = true;
   bool bInMap = false;
   bool bStaysFree = false;  // a page lock passes over it
+  bool bKept = false;       // only services write it after the first store: a save must not put an older state back
   std::optional<LookUpSource> lookUp;
   std::vector<std::size_t> aActions;  // positions in BillTemplate::formulas()
 
@@ -81,7 +84,7 @@ class BillTemplate {
 
   static std::shared_ptr<const BillTemplate> load(const std::string& sPath);
   static std::shared_ptr<const BillTemplate> parse(std::string_view sJson, const std::string& sFile);
-  /// One of the templates that come with the desk: "receipt" or "payment".
+  /// One of the templates that come with the desk: "receipt", "payment", "other_receivable" or "other_payable".
   static std::shared_ptr<const BillTemplate> shipped(std::string_view sName);
 
   /// The field's number, or kNone. Keys of the program and the template's own texts are found by their place, others by
@@ -101,6 +104,7 @@ class BillTemplate {
   std::string sCaption;
   std::string sPluginClass;  // of the plug-in: "clsReceiveBill"
   std::string sNumberPrefix;
+  std::string sNumberTwin;  // table of bills whose numbers aren't given again; "" for none
   std::string sPartnerField;
   std::string sTypeField;
 

@@ -165,6 +165,7 @@ class BillWindow final : public arap::Object {
 
   // bill_commands.cpp
   Outcome run_host_command(BarTool& tool);
+  Outcome delete_bill();
   Outcome delete_active_row();
   Outcome select_sources(std::int32_t nType);
   Rows read_sources(const SelectionSource& source, const std::string& sFilter, const arap::Object& oQuery);

@@ -62,6 +62,8 @@ struct Host {
   std::function<std::unique_ptr<RecordStore>(const BillTemplate&)> make_store;
   /// Told after each store, until the window closes.
   std::function<void()> stored;
+  /// Deletes a stored bill; without one no bill can be deleted from its window.
+  std::function<Outcome(std::int32_t nClassType, std::int32_t nBillID)> delete_bill;
   /// yyyy-mm-dd of a new bill, and who makes it.
   std::string sToday;
   std::string sUser;

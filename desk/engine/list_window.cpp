@@ -93,20 +93,19 @@ const std::vector<ListBand>& list_bands() {
        "数据",
        {"mnuDataFilter", "mnuDataRefesh", "mnuDataAccessory", "mnuCaculate", "mnuDataViewPrvBill",
         "mnuDataViewNextBill"}},
-      {"mnuView", "查看", {"mnuViewToolBar", "mnuViewToolCaption"}},
+      {"mnuView", "查看", {"mnuViewToolBar", "mnuViewToolCaption", "mnuDataViewNextBill"}},
       {"mnuFormat", "格式", {"mnuFormatRowHeight", "mnuFormatFont", "mnuFormatOpt", "mnuPreHeadFoot"}},
       {"mnuPop", "快捷", {"mnuFileView", "mnuEditModify", "mnuEditDelete", "mnuEditCopy", "mnuEditCopyEntry"}},
   };
   return kBands;
 }
 
-/// The column of an entry that keeps the number of its source.
-const std::string& source_number_column(const BillTemplate& bill) {
+/// The column of an entry that keeps the number of its source, ready to select; nothing for a body without sources.
+std::string source_number_column(const BillTemplate& bill) {
   for (const std::size_t nField : bill.page(2).aFields) {
-    if (bill.field(nField).sSource == "FBillNo") return bill.field(nField).sColumn;
+    if (bill.field(nField).sSource == "FBillNo") return ", e." + bill.field(nField).sColumn + " AS FSourceNo";
   }
-  throw DeskError(ErrorKind::BadValue, "no field of the body takes the source's number", bill.sCaption,
-                  "give one field the source FBillNo");
+  return {};
 }
 
 Ref<arap::Object> record_of(const Value& vValue) {
@@ -158,19 +157,32 @@ void ListWindow::fire(Event event, Arguments args) {
 }
 
 void ListWindow::refresh() {
-  const std::string& sHead = template_->page(1).sTable;
-  const std::string& sBody = template_->page(2).sTable;
   const TemplateField& partner = template_->field(template_->find_key(template_->sPartnerField));
   lines_ = database_.query(
       "SELECT h.FBillID, h.FBillNo, h.FDate, p.FName AS FPartner, c.FName AS FCurrency, h.FStatus,"
-      " h.FAmountFor, h.FChecker, h.FExplanation, e.FIndex, e.FInterID, e." +
-      source_number_column(*template_) + " AS FSourceNo, e.FBillSettleAmountFor FROM " + sHead + " h LEFT JOIN " +
-      sBody + " e ON e.FBillID = h.FBillID LEFT JOIN " + partner.lookUp->sTable + " p ON p." +
+      " h.FAmountFor, h.FChecker, h.FExplanation, e.FIndex" +
+      entry_columns({"FInterID", "FBillSettleAmountFor", "FInOutTypeID", "FBillAmountFor"}) +
+      source_number_column(*template_) + from_bills() + " LEFT JOIN " + partner.lookUp->sTable + " p ON p." +
       partner.lookUp->sKeyColumn + " = h." + partner.sColumn +
       " LEFT JOIN t_Currency c ON c.FCurrencyID = h.FCurrencyID"
       " ORDER BY h.FBillNo, h.FBillID, e.FIndex");
   selection_.clear();
   ++refreshes_;
+}
+
+/// Those of the columns that the bill's body has.
+std::string ListWindow::entry_columns(std::initializer_list<std::string_view> aColumns) const {
+  std::string sColumns;
+  for (const std::string_view sColumn : aColumns) {
+    const std::size_t nField = template_->find_key(sColumn);
+    if (nField != BillTemplate::kNone && template_->field(nField).nPage == 2) sColumns.append(", e.").append(sColumn);
+  }
+  return sColumns;
+}
+
+std::string ListWindow::from_bills() const {
+  return " FROM " + template_->page(1).sTable + " h LEFT JOIN " + template_->page(2).sTable +
+         " e ON e.FBillID = h.FBillID";
 }
 
 void ListWindow::select_all() {
@@ -216,8 +228,9 @@ Ref<arap::Object> ListWindow::selected_rows() const {
   const auto oRows = arap::make_object<HostVector>();
   for (const std::size_t nLine : selection_) {
     const auto oRow = arap::make_object<HostDictionary>();
-    for (const char* sColumn : {"FBillID", "FBillNo", "FInterID"})
-      oRow->set(sColumn, record_of(lines_.at(nLine, sColumn)));
+    for (const char* sColumn : {"FBillID", "FBillNo", "FInterID"}) {
+      if (lines_.find_column(sColumn) >= 0) oRow->set(sColumn, record_of(lines_.at(nLine, sColumn)));
+    }
     oRow->set("FClassTypeID", record_of(template_->nClassType));
     oRows->add(oRow);
   }
@@ -225,12 +238,10 @@ Ref<arap::Object> ListWindow::selected_rows() const {
 }
 
 Rows ListWindow::bill_detail(std::int32_t nBillID) {
-  return database_.query(
-      "SELECT h.FStatus, h.FDate, h.FVoucherID AS FVoucherId, h.FCheckAmountFor, e.FClassID_SRC,"
-      " e.FInterID FROM " +
-          template_->page(1).sTable + " h LEFT JOIN " + template_->page(2).sTable +
-          " e ON e.FBillID = h.FBillID WHERE h.FBillID = ? ORDER BY e.FIndex",
-      {Bind(nBillID)});
+  return database_.query("SELECT h.FStatus, h.FDate, h.FVoucherID AS FVoucherId, h.FCheckAmountFor" +
+                             entry_columns({"FClassID_SRC", "FInterID"}) + from_bills() +
+                             " WHERE h.FBillID = ? ORDER BY e.FIndex",
+                         {Bind(nBillID)});
 }
 
 Variant ListWindow::invoke(Member member, Access access, Arguments args) {

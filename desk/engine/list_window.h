@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <initializer_list>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -64,6 +65,8 @@ class ListWindow final : public arap::Object {
   void fire(arap::Event event, arap::Arguments args);
   Outcome run_host_command(const BarTool& tool);
   arap::Ref<arap::Object> selected_rows() const;
+  std::string entry_columns(std::initializer_list<std::string_view> aColumns) const;
+  std::string from_bills() const;
   /// The entries of one bill with the head's status, date, voucher and settled amount.
   Rows bill_detail(std::int32_t nBillID);
 

@@ -44,14 +44,15 @@ const ShownItem* LookUps::by_id(const LookUpSource& source, std::int32_t nId) {
 std::optional<LookUpItem> LookUps::by_text(const LookUpSource& source, std::string_view sText,
                                            std::string_view sFilter) {
   for (const std::string& sColumn : {source.sCodeColumn, std::string("FName")}) {
-    const Rows rows = select(source, sColumn + " = ?", {Bind(sText)}, sFilter);
+    const std::string sOffered = source.sFilter.empty() ? "" : " AND (" + source.sFilter + ")";
+    const Rows rows = select(source, sColumn + " = ?" + sOffered, {Bind(sText)}, sFilter);
     if (!rows.empty()) return item_of(rows, 0);
   }
   return std::nullopt;
 }
 
 std::vector<LookUpItem> LookUps::list(const LookUpSource& source, std::string_view sFilter) {
-  const Rows rows = select(source, {}, {}, sFilter);
+  const Rows rows = select(source, source.sFilter, {}, sFilter);
   std::vector<LookUpItem> aItems;
   aItems.reserve(rows.size());
   for (std::size_t i = 0; i < rows.size(); ++i) aItems.push_back(item_of(rows, i));

@@ -86,6 +86,7 @@ class TemplateReader {
     template_->sNumberPrefix = bBaseData ? "" : needed(*bill, "numberPrefix");
     template_->sPartnerField = bBaseData ? "" : needed(*bill, "partnerField");
     template_->sTypeField = bBaseData ? "" : needed(*bill, "typeField");
+    template_->sNumberTwin = text(*bill, "numberTwin");
   }
 
   void read_page(const Json& item) {
@@ -128,9 +129,10 @@ class TemplateReader {
     field.bVisible = flag(item, "visible", true);
     field.bInMap = flag(item, "inMap", false);
     field.bStaysFree = flag(item, "staysFree", false);
+    field.bKept = flag(item, "kept", false);
     if (const auto lookUp = item.find("lookUp"); lookUp != item.end()) {
       field.lookUp = LookUpSource{number(*lookUp, "sourceType", 1), needed(*lookUp, "table"),
-                                  needed(*lookUp, "keyColumn"), needed(*lookUp, "codeColumn")};
+                                  needed(*lookUp, "keyColumn"), needed(*lookUp, "codeColumn"), text(*lookUp, "filter")};
     }
     add_field(std::move(field));
   }

@@ -4,7 +4,28 @@
 
 #include <array>
 
+#include "frame/messages.h"
+#include "services/bill_kinds.h"
+
 namespace desk {
+
+namespace {
+
+/// Deletes a bill when the user says yes to it.
+Outcome delete_bill(Session& session, std::int32_t nClassType, std::int32_t nBillID) {
+  const BillKind* pKind = find_bill_kind(nClassType);
+  if (pKind == nullptr) return Outcome::refused("这里不能删除单据。");
+  const int nAnswer = session.platform().MsgBox("是否删除当前单据?", arap::kQuestion, "青柚提示");
+  if (nAnswer != kButtonYes) return Outcome::refused("单据没有删除。");
+  try {
+    const PostingResult result = make_posting(session.database(), *pKind)->remove(nBillID);
+    return result.bDone ? Outcome::done() : Outcome::refused(result.sRefusal);
+  } catch (const DeskError& error) {
+    return Outcome::refused(error.problem());
+  }
+}
+
+}  // namespace
 
 Host seat_host(Session& session, const std::string& sToday) {
   Host host(session.database());
@@ -20,6 +41,9 @@ Host seat_host(Session& session, const std::string& sToday) {
   };
   host.lost_edit_lock = [&session](std::int32_t nClassType, std::int32_t nBillID) {
     return session.tasks().has_lost(edit_function(nClassType), nBillID);
+  };
+  host.delete_bill = [&session](std::int32_t nClassType, std::int32_t nBillID) {
+    return delete_bill(session, nClassType, nBillID);
   };
   return host;
 }

@@ -38,6 +38,9 @@ Session::Session(Database& database, std::string_view sUserName)
   register_general_ledger(*this);
   register_system_values(*this);
   register_settlement_services(*this);
+  register_other_services(*this);
+  register_aged_report(*this);
+  register_related_bills(*this);
   register_vouchers(*this);
   register_type_service(*this);
   register_bill_list(*this);

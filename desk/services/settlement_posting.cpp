@@ -1,26 +1,14 @@
 #include "services/settlement_posting.h"
 
-#include <QDate>
-
-#include <cstdlib>
-#include <utility>
-
 namespace desk {
 
+using posting::in_transaction;
+using posting::kCheck;
+using posting::kDelete;
+using posting::kUncheck;
+using posting::refuse;
+
 namespace {
-
-// A refusal on its way out of the transaction, which it rolls back.
-struct Refusal {
-  std::string sText;
-};
-
-constexpr std::string_view kCheck = "审核";
-constexpr std::string_view kUncheck = "反审核";
-constexpr std::string_view kDelete = "删除";
-
-[[noreturn]] void refuse(std::string_view sReason, std::string_view sAction) {
-  throw Refusal{std::string(sReason) + "," + std::string(sAction) + "失败。"};
-}
 
 // The two kinds of source, each with its own key and its own columns of what was received.
 struct SourceKind {
@@ -77,18 +65,6 @@ std::string out_of_range(std::string_view sAfter, std::string_view sWhole) {
          " < " + w + ")))";
 }
 
-template <class Work>
-PostingResult in_transaction(Database& database, Work&& work) {
-  try {
-    Transaction transaction(database);
-    PostingResult result = std::forward<Work>(work)();
-    transaction.commit();
-    return result;
-  } catch (const Refusal& refusal) {
-    return {false, refusal.sText, {}};
-  }
-}
-
 }  // namespace
 
 struct SettlementPosting::Head {
@@ -112,7 +88,7 @@ PostingResult SettlementPosting::check(std::int32_t nBillID, const std::string& 
     // From here on nothing is refused.
     post_sources(nBillID, true);
     database_.exec(sql("UPDATE {bill} SET FStatus = 1, FChecker = ?, FCheckDate = ? WHERE FBillID = ?"),
-                   {Bind(sUser), Bind(QDate::currentDate().toString(Qt::ISODate).toStdString()), Bind(nBillID)});
+                   {Bind(sUser), Bind(posting::check_date()), Bind(nBillID)});
     return PostingResult{true, {}, head.sBillNo};
   });
 }

@@ -1,41 +1,28 @@
 #pragma once
 
-#include <functional>
 #include <string>
 #include <utility>
 
-#include "data/database.h"
+#include "services/posting.h"
 #include "services/settlement_tables.h"
 
 namespace desk {
 
-/// How an operation on a bill ended. A refusal changed nothing and says why.
-struct PostingResult {
-  bool bDone = false;
-  std::string sRefusal;
-  std::string sBillNo;
-};
-
-/// The write-off bookkeeping of one side. Every operation is one write transaction: it reads the open amounts inside
-/// it, so that two seats can't settle the same money twice.
+/// The write-off bookkeeping of one side: two seats can't settle the same money twice.
 ///
 /// What a source has received always lies between 0 and its amount; what a row gave back always lies between 0 and what
 /// the row settled. An operation that would leave either range is refused.
-class SettlementPosting {
+class SettlementPosting final : public BillPosting {
  public:
-  /// True when the seat's own lock on a bill is gone. Asked inside the transaction; such a bill is refused.
-  using LockLost = std::function<bool(std::int32_t nBillID)>;
-
   SettlementPosting(Database& database, const SettlementTables& tables, LockLost lock_lost = {})
       : database_(database), tables_(tables), lock_lost_(std::move(lock_lost)) {}
 
   /// Adds what each row settles to what its source has received, and marks the bill as checked. A refund row acts on
   /// the earlier bill's row and on that row's source.
-  PostingResult check(std::int32_t nBillID, const std::string& sUser);
+  PostingResult check(std::int32_t nBillID, const std::string& sUser) override;
   /// Takes back exactly what check added.
-  PostingResult uncheck(std::int32_t nBillID);
-  /// Deletes a bill that isn't checked, with its rows.
-  PostingResult remove(std::int32_t nBillID);
+  PostingResult uncheck(std::int32_t nBillID) override;
+  PostingResult remove(std::int32_t nBillID) override;
 
   /// The advance of a partner in a currency that nothing has used yet, without the bill itself.
   Money unused_advance(std::int32_t nPartner, std::int32_t nCurrency, std::int32_t nWithoutBill);

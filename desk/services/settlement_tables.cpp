@@ -8,7 +8,7 @@ namespace desk {
 std::string side_sql(const SettlementTables& tables, std::string_view sTemplate) {
   const std::string sClass = std::to_string(tables.nClass);
   const std::string sAdvance = std::to_string(tables.nAdvanceType);
-  const std::array<std::pair<std::string_view, std::string_view>, 15> names{{{"bill", tables.sBill},
+  const std::array<std::pair<std::string_view, std::string_view>, 16> names{{{"bill", tables.sBill},
                                                                              {"entry", tables.sEntry},
                                                                              {"class", sClass},
                                                                              {"type", tables.sType},
@@ -18,6 +18,7 @@ std::string side_sql(const SettlementTables& tables, std::string_view sTemplate)
                                                                              {"number", tables.sNumber},
                                                                              {"invoice", tables.sInvoice},
                                                                              {"invoiceclasses", tables.sInvoiceClasses},
+                                                                             {"invoicepartner", tables.sInvoicePartner},
                                                                              {"other", tables.sOther},
                                                                              {"otherclasses", tables.sOtherClasses},
                                                                              {"openview", tables.sOpenView},

@@ -18,6 +18,7 @@ struct SettlementTables {
   std::string_view sNumber;   // column of the source number in the rows
   std::string_view sInvoice;  // invoices and opening balances, keyed by FInterID
   std::string_view sInvoiceClasses;
+  std::string_view sInvoicePartner;
   std::string_view sOther;  // other bills, keyed by FBillID
   std::string_view sOtherClasses;
   std::string_view sOpenView;     // open items
@@ -42,6 +43,7 @@ inline constexpr SettlementTables kReceiptTables{
     .sNumber = "FInvoiceBillNo",
     .sInvoice = "ICSale",
     .sInvoiceClasses = "1000000, 1000002",
+    .sInvoicePartner = "FCustID",
     .sOther = "t_RP_ROtherBill",
     .sOtherClasses = "1000205",
     .sOpenView = "vw_arap_RBillList",
@@ -66,6 +68,7 @@ inline constexpr SettlementTables kPaymentTables{
     .sNumber = "FPurchaseBillNo",
     .sInvoice = "ICPurchase",
     .sInvoiceClasses = "1000003, 1000004",
+    .sInvoicePartner = "FSupplyID",
     .sOther = "t_RP_POtherBill",
     .sOtherClasses = "1000206",
     .sOpenView = "vw_arap_PBillList",
@@ -80,8 +83,8 @@ inline constexpr SettlementTables kPaymentTables{
 };
 
 /// The template with every "{name}" replaced by the side's table or column: {bill}, {entry}, {class}, {type},
-/// {advance}, {partner}, {got}, {number}, {invoice}, {invoiceclasses}, {other}, {otherclasses}, {openview},
-/// {viewpartner}, {partners}.
+/// {advance}, {partner}, {got}, {number}, {invoice}, {invoiceclasses}, {invoicepartner}, {other}, {otherclasses},
+/// {openview}, {viewpartner}, {partners}.
 std::string side_sql(const SettlementTables& tables, std::string_view sTemplate);
 
 }  // namespace desk

@@ -53,6 +53,18 @@ Variant is_type_used(Database& database, Arguments args) {
   return !binds.empty() && !database.query(sSql, binds).empty();
 }
 
+// IsSameAcctId(sProps, sTypeIds, nAcctID): whether one of the types has the account. Account 0 is none.
+Variant is_same_account(Database& database, Arguments args) {
+  const std::int32_t nAccount = long_argument(args, 2);
+  if (nAccount == 0) return false;
+  const std::string sTypes = "," + text_argument(args, 1) + ",";
+  const Rows rows = database.query("SELECT FID FROM t_RP_InOutType WHERE FAcctID = ?", {Bind(nAccount)});
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    if (sTypes.find("," + rows.text(i, "FID") + ",") != std::string::npos) return true;
+  }
+  return false;
+}
+
 }  // namespace
 
 void register_type_service(Session& session) {
@@ -61,7 +73,8 @@ void register_type_service(Session& session) {
     return make_component(
         "clsInOutType",
         {{Member::GetRPInOutTypeInfo, [&database](Arguments args) { return find_types(database, args); }},
-         {Member::CheckRPInOutTypeUsed, [&database](Arguments args) { return is_type_used(database, args); }}});
+         {Member::CheckRPInOutTypeUsed, [&database](Arguments args) { return is_type_used(database, args); }},
+         {Member::IsSameAcctId, [&database](Arguments args) { return is_same_account(database, args); }}});
   });
 }
 

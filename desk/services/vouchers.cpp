@@ -1,7 +1,6 @@
 #include "services/vouchers.h"
 
 #include <algorithm>
-#include <vector>
 
 #include "data/automation_names.h"
 #include "data/recordset.h"
@@ -9,27 +8,18 @@
 #include "frame/conversions.h"
 #include "frame/open_choices.h"
 #include "services/component.h"
+#include "services/voucher_store.h"
 
 namespace desk {
 
 namespace {
 
-struct VoucherLine {
-  std::int32_t nAccount;
-  bool bDebit;
-  Money amountFor;
-  Money amount;
-};
-
-[[noreturn]] void refuse(const std::string& sWhat, const std::string& sHint) {
-  throw DeskError(ErrorKind::BadValue, sWhat, "voucher", sHint);
-}
-
 std::int32_t balance_account(Database& database, const SettlementTables& tables) {
   const Rows rows = database.query("SELECT FAccountID FROM t_Account WHERE FNumber LIKE ? ORDER BY FNumber LIMIT 1",
                                    {Bind(std::string(tables.sBalanceAccount) + "%")});
   if (rows.empty())
-    refuse("the book has no account " + std::string(tables.sBalanceAccount), "add the account of open balances");
+    throw DeskError(ErrorKind::BadValue, "the book has no account " + std::string(tables.sBalanceAccount), "voucher",
+                    "add the account of open balances");
   return rows.integer(0, "FAccountID");
 }
 
@@ -46,25 +36,27 @@ std::vector<VoucherLine> lines_of(Database& database, const SettlementTables& ta
   return lines;
 }
 
-void check_can_have_voucher(const Rows& head) {
-  if (head.empty()) refuse("there is no such bill", "save the bill first");
-  if (head.integer(0, "FStatus") != 1) refuse("the bill isn't checked", "check the bill first");
-  if (head.integer(0, "FVoucherID") != 0) refuse("the bill has a voucher", "open the voucher it has");
-  if (head.integer(0, "FAcctID") == 0) refuse("the bill has no settlement account", "uncheck it and enter one");
-}
-
-std::int32_t insert_voucher(Database& database, const SettlementTables& tables, std::int32_t nBillID,
-                            const Rows& head) {
-  const std::string sDate = head.text(0, "FDate");
-  const std::int32_t nYear = arap::LongOf(Variant(sDate.substr(0, 4)));
-  const std::int32_t nPeriod = arap::LongOf(Variant(sDate.substr(5, 2)));
-  const Rows made = database.query(
-      "INSERT INTO t_Voucher (FDate, FYear, FPeriod, FNumber, FExplanation, FClassTypeID, FBillID) VALUES (?, ?, ?,"
-      " (SELECT COALESCE(MAX(v.FNumber), 0) + 1 FROM t_Voucher v WHERE v.FYear = ? AND v.FPeriod = ?), ?, ?, ?)"
-      " RETURNING FVoucherID",
-      {Bind(sDate), Bind(nYear), Bind(nPeriod), Bind(nYear), Bind(nPeriod),
-       Bind(std::string(tables.sBillName) + " " + head.text(0, "FBillNo")), Bind(tables.nClass), Bind(nBillID)});
-  return made.integer(0, "FVoucherID");
+// The claim or the money on the settlement account against the accounts of the types, row by row.
+std::vector<VoucherLine> lines_of_other(Database& database, const OtherTables& tables, std::int32_t nBillID,
+                                        const Rows& head) {
+  const bool bIn = tables.side.bMoneyComesIn;
+  std::vector<VoucherLine> lines{
+      {head.integer(0, "FAcctID"), bIn, head.money(0, "FAmountFor"), head.money(0, "FAmount")}};
+  const Rows rows = database.query(
+      side_sql(tables.side,
+               "SELECT t.FAcctID AS FAcctID, t.FName AS FName, e.FBillAmountFor AS FAmountFor, e.FBillAmount AS FAmount"
+               " FROM {other}Entry e LEFT JOIN t_RP_InOutType t ON t.FID = e.FInOutTypeID WHERE e.FBillID = ?"
+               " ORDER BY e.FIndex"),
+      {Bind(nBillID)});
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    if (rows.integer(i, "FAcctID") == 0) {
+      throw DeskError(ErrorKind::BadValue, "the type " + rows.text(i, "FName") + " has no account", "voucher",
+                      "enter the account of the type");
+    }
+    lines.push_back({rows.integer(i, "FAcctID"), !bIn, rows.money(i, "FAmountFor"), rows.money(i, "FAmount")});
+  }
+  std::stable_partition(lines.begin(), lines.end(), [](const VoucherLine& line) { return line.bDebit; });
+  return lines;
 }
 
 // A user whom an account names in its rights, and every user where it names none, may see the account.
@@ -109,19 +101,25 @@ std::int32_t make_voucher(Session& session, const SettlementTables& tables, std:
                " FAmountFor, FAmount, F{got}AmountFor AS FGotFor, F{got}Amount AS FGot FROM {bill}"
                " WHERE FBillID = ?"),
       {Bind(nBillID)});
-  check_can_have_voucher(head);
-  const std::int32_t nVoucherID = insert_voucher(database, tables, nBillID, head);
-  std::int32_t nEntry = 0;
-  for (const VoucherLine& line : lines_of(database, tables, head)) {
-    database.exec(
-        "INSERT INTO t_VoucherEntry (FVoucherID, FEntryID, FAccountID, FDC, FCurrencyID, FExchangeRate, FAmountFor,"
-        " FAmount) VALUES (?, ?, ?, ?, ?, ?, ?, ?)",
-        {Bind(nVoucherID), Bind(++nEntry), Bind(line.nAccount), Bind(std::int32_t{line.bDebit ? 1 : 0}),
-         Bind(head.integer(0, "FCurrencyID")), Bind(head.real(0, "FExchangeRate")), Bind(line.amountFor),
-         Bind(line.amount)});
-  }
-  database.exec(side_sql(tables, "UPDATE {bill} SET FVoucherID = ? WHERE FBillID = ?"),
-                {Bind(nVoucherID), Bind(nBillID)});
+  refuse_voucher(head);
+  const std::int32_t nVoucherID = store_voucher(database, {tables.nClass, nBillID, tables.sBillName, tables.sBill},
+                                                head, lines_of(database, tables, head));
+  transaction.commit();
+  return nVoucherID;
+}
+
+std::int32_t make_voucher(Session& session, const OtherTables& tables, std::int32_t nBillID) {
+  Database& database = session.database();
+  Transaction transaction(database);
+  const Rows head =
+      database.query(side_sql(tables.side,
+                              "SELECT FBillNo, FDate, FStatus, FVoucherID, FAcctID, FCurrencyID, FExchangeRate,"
+                              " FAmountFor, FAmount FROM {other} WHERE FBillID = ?"),
+                     {Bind(nBillID)});
+  refuse_voucher(head);
+  const std::int32_t nVoucherID =
+      store_voucher(database, {tables.nClass, nBillID, tables.sBillName, tables.side.sOther}, head,
+                    lines_of_other(database, tables, nBillID, head));
   transaction.commit();
   return nVoucherID;
 }

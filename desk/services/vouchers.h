@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <string>
 
+#include "services/other_tables.h"
 #include "services/session.h"
-#include "services/settlement_tables.h"
 
 namespace desk {
 
@@ -12,6 +12,10 @@ namespace desk {
 /// account and the discount on the discount account against the partner's balance. Raises DeskError for a bill that
 /// isn't checked, has a voucher, or lacks an account.
 std::int32_t make_voucher(Session& session, const SettlementTables& tables, std::int32_t nBillID);
+
+/// The same for an other bill: the settlement account against the account of each row's type. Raises DeskError for a
+/// type without an account too.
+std::int32_t make_voucher(Session& session, const OtherTables& tables, std::int32_t nBillID);
 
 /// A voucher as lines of text: its head, a line an entry, the totals. "" when there is no such voucher.
 std::string voucher_text(Database& database, std::int32_t nVoucherID);
