@@ -172,6 +172,18 @@ BarBand& Bar::add_band(std::string_view sName, std::string_view sCaption) {
   return *bands_.back();
 }
 
+void Bar::keep_tools() {
+  kept_.clear();
+  for (const Ref<BarTool>& tool : tools_) kept_.emplace_back(tool->bVisible, tool->bEnabled);
+}
+
+void Bar::restore_tools() {
+  for (std::size_t i = 0; i < kept_.size(); ++i) {
+    tools_[i]->bVisible = kept_[i].first;
+    tools_[i]->bEnabled = kept_[i].second;
+  }
+}
+
 void Bar::place(BarBand& band, std::string_view sTool, std::int32_t nPosition) {
   BarTool* pTool = find_tool(sTool);
   if (pTool == nullptr) throw AutomationError(ErrorNumber::InvalidProcedureCall, sTool);

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "frame/automation.h"
@@ -79,6 +80,10 @@ class Bar final : public arap::Object {
   /// is. A tool that the bar lacks raises 5.
   void place(BarBand& band, std::string_view sTool, std::int32_t nPosition = -1);
 
+  /// Remembers which tools are visible and enabled now; restore_tools brings that back for the tools of that time.
+  void keep_tools();
+  void restore_tools();
+
   const std::vector<arap::Ref<BarTool>>& tools() const { return tools_; }
   const std::vector<arap::Ref<BarBand>>& bands() const { return bands_; }
   /// How often the bar was asked to lay itself out; a view redraws when the number moves.
@@ -88,6 +93,7 @@ class Bar final : public arap::Object {
  private:
   std::vector<arap::Ref<BarTool>> tools_;
   std::vector<arap::Ref<BarBand>> bands_;
+  std::vector<std::pair<bool, bool>> kept_;  // visible and enabled, in the order of the tools
   std::int32_t layouts_ = 0;
 };
 

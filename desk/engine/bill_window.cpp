@@ -78,8 +78,10 @@ void BillWindow::reset_data() {
   active_row_ = 0;
 }
 
-/// Each load and each new bill starts with the locks and decimals of the template.
+/// Each load and each new bill starts with the locks and decimals of the template, and with the commands as the plug-in
+/// has set them up: what a checked bill switched off isn't off for the next one.
 void BillWindow::reset_screen() {
+  if (bar_) bar_->restore_tools();
   states_.assign(template_->fields().size(), FieldState());
   for (std::size_t i = 0; i < states_.size(); ++i) {
     states_[i].bVisible = template_->field(i).bVisible;
@@ -97,6 +99,7 @@ void BillWindow::open(const Ref<arap::Object>& oPlugin) {
   Variant aBar[] = {Ref<arap::Object>(bar_.get())};
   fire(Event::BarInitialize, aBar);
   fire(Event::MenuBarInitialize, aBar);
+  bar_->keep_tools();
 }
 
 Value BillWindow::default_value(const TemplateField& field) const {

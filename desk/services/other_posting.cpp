@@ -14,7 +14,6 @@ struct OtherPosting::Head {
   bool bChecked = false;
   bool bImmediate = false;
   std::int32_t nVoucher = 0;
-  Money settled;
 };
 
 PostingResult OtherPosting::check(std::int32_t nBillID, const std::string& sUser) {
@@ -55,8 +54,7 @@ PostingResult OtherPosting::remove(std::int32_t nBillID) {
 
 OtherPosting::Head OtherPosting::read_head(std::int32_t nBillID, std::string_view sAction) {
   const Rows rows = database_.query(
-      sql("SELECT FBillNo, FStatus, FBillTypeID, FVoucherID, FCheckAmountFor FROM {other} WHERE FBillID = ?"),
-      {Bind(nBillID)});
+      sql("SELECT FBillNo, FStatus, FBillTypeID, FVoucherID FROM {other} WHERE FBillID = ?"), {Bind(nBillID)});
   if (rows.empty()) refuse(std::string(tables_.sBillName) + "已被删除", sAction);
   Head head;
   head.nBillID = nBillID;
@@ -64,13 +62,17 @@ OtherPosting::Head OtherPosting::read_head(std::int32_t nBillID, std::string_vie
   head.bChecked = rows.integer(0, "FStatus") == 1;
   head.bImmediate = rows.integer(0, "FBillTypeID") == tables_.nImmediateType;
   head.nVoucher = rows.integer(0, "FVoucherID");
-  head.settled = rows.money(0, "FCheckAmountFor");
   return head;
 }
 
 void OtherPosting::refuse_settled_bill(const Head& head) {
   if (head.nVoucher != 0) refuse("单据[" + head.sBillNo + "]已经生成凭证", kUncheck);
-  if (!head.bImmediate && !head.settled.is_zero()) refuse("单据[" + head.sBillNo + "]已经被核销", kUncheck);
+  // Not by the sum: write-offs that cancel each other out are there all the same.
+  const Rows rows =
+      database_.query(sql("SELECT 1 FROM {entry} e JOIN {bill} b ON b.FBillID = e.FBillID WHERE b.FStatus = 1"
+                          " AND e.FClassID_SRC IN ({otherclasses}) AND e.FInterID = ? LIMIT 1"),
+                      {Bind(head.nBillID)});
+  if (!rows.empty()) refuse("单据[" + head.sBillNo + "]已经被核销", kUncheck);
 }
 
 // Ids are given again: a bill that draws a deleted one would settle whatever comes after it.

@@ -15,7 +15,7 @@ class OtherPosting final : public BillPosting {
   OtherPosting(Database& database, const OtherTables& tables) : database_(database), tables_(tables) {}
 
   PostingResult check(std::int32_t nBillID, const std::string& sUser) override;
-  /// Refused for a bill with a voucher, and for a credit bill that something was settled of.
+  /// Refused for a bill with a voucher, and while a checked settlement bill draws the bill.
   PostingResult uncheck(std::int32_t nBillID) override;
   /// Refused while a settlement bill draws the bill, checked or not.
   PostingResult remove(std::int32_t nBillID) override;

@@ -17,11 +17,12 @@ struct SourceKind {
   std::string_view sClasses;
   std::string_view sReceived;  // what was settled so far; its base amount is without the "For"
   std::string_view sReceivedBase;
+  std::string_view sClosed;  // a source that nothing can be settled of, whatever its figures
 };
 
 constexpr SourceKind kSourceKinds[] = {
-    {"{invoice}", "FInterID", "{invoiceclasses}", "FReceiveAmountFor", "FReceiveAmount"},
-    {"{other}", "FBillID", "{otherclasses}", "FCheckAmountFor", "FCheckAmount"},
+    {"{invoice}", "FInterID", "{invoiceclasses}", "FReceiveAmountFor", "FReceiveAmount", "1 = 0"},
+    {"{other}", "FBillID", "{otherclasses}", "FCheckAmountFor", "FCheckAmount", "t.FBillTypeID IN (1005, 1007)"},
 };
 
 // What the bill's rows settle of each source of the kind: straight, and through the row that a refund row names.
@@ -177,7 +178,8 @@ void SettlementPosting::refuse_over_settling(std::int32_t nBillID, std::string_v
         std::string(kind.sTable) + " t ON t." + std::string(kind.sKey) +
         " = d.FSourceID"
         " WHERE t.FAmountFor IS NULL OR t.FStatus <> 1 OR " +
-        out_of_range(sReceived + sSign + "d.FSettleFor", "t.FAmountFor") + " ORDER BY d.FIndex LIMIT 1";
+        std::string(kind.sClosed) + " OR " + out_of_range(sReceived + sSign + "d.FSettleFor", "t.FAmountFor") +
+        " ORDER BY d.FIndex LIMIT 1";
     refuse_bad_source(sSql, nBillID, sAction);
   }
   const std::string sRowSql =

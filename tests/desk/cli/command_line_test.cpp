@@ -70,12 +70,29 @@ TEST_F(CommandLine, AnImportAddsInvoicesAndNamesBadLines) {
 }
 
 class Road : public CommandLine, public ::testing::WithParamInterface<const char*> {};
-INSTANTIATE_TEST_SUITE_P(Sides, Road, ::testing::Values("receipt_road.txt", "payment_road.txt"));
+INSTANTIATE_TEST_SUITE_P(Sides, Road,
+                         ::testing::Values("receipt_road.txt", "payment_road.txt", "other_receivable.txt",
+                                           "other_payable.txt"));
 
 TEST_P(Road, IsGoneToItsEnd) {
   make_demo();
   EXPECT_EQ(play_shipped(GetParam()), kExitDone) << out << err;
   EXPECT_NE(out.find("贷 "), std::string::npos) << out;
+}
+
+TEST_F(CommandLine, OtherBillsStandInTheListOfBills) {
+  make_demo();
+  ASSERT_EQ(play_shipped("other_receivable.txt"), kExitDone) << out << err;
+  const auto lines = shown("bills");
+  const auto bill =
+      std::find_if(lines.begin(), lines.end(), [](const auto& line) { return line["number"] == "QTSR000002"; });
+  ASSERT_NE(bill, lines.end());
+  EXPECT_EQ((*bill)["kind"], "receivable");
+  EXPECT_EQ((*bill)["partner"], "C001");
+  EXPECT_EQ((*bill)["type"], "1006");
+  EXPECT_EQ((*bill)["money"], "40000.00");
+  EXPECT_EQ((*bill)["settled"], "15000.00");
+  EXPECT_EQ((*bill)["checked"], "1");
 }
 
 TEST_F(CommandLine, SettleAllClosesEveryReceivableAndUncheckAllOpensItAgain) {

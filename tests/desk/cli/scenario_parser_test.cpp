@@ -72,8 +72,8 @@ struct BadLine {
 
 TEST(ScenarioParser, EveryMisshapenLineSaysHowToWriteIt) {
   const BadLine lines[] = {
-      {"new invoice", "day.txt:1: write: new receipt|payment"},
-      {"open receipt", "day.txt:1: write: open receipt|payment NUMBER|last"},
+      {"new invoice", "day.txt:1: write: new receipt|payment|receivable|payable"},
+      {"open receipt", "day.txt:1: write: open receipt|payment|receivable|payable NUMBER|last"},
       {"set FDate", "day.txt:1: write: set FIELD VALUE"},
       {"set row 0 FX 1", "day.txt:1: write: set row N FIELD VALUE, rows count from 1"},
       {"set row two FX 1", "day.txt:1: write: set row N FIELD VALUE, rows count from 1"},
