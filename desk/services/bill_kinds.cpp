@@ -35,9 +35,9 @@ const BillKind* find_bill_kind(std::int32_t nClass) {
   return find_kind([nClass](const BillKind& kind) { return kind.nClass == nClass; });
 }
 
-std::unique_ptr<BillPosting> make_posting(Database& database, const BillKind& kind) {
-  if (kind.other != nullptr) return std::make_unique<OtherPosting>(database, *kind.other);
-  return std::make_unique<SettlementPosting>(database, kind.side);
+std::unique_ptr<BillPosting> make_posting(Database& database, const BillKind& kind, BillPosting::LockLost lock_lost) {
+  if (kind.other != nullptr) return std::make_unique<OtherPosting>(database, *kind.other, std::move(lock_lost));
+  return std::make_unique<SettlementPosting>(database, kind.side, std::move(lock_lost));
 }
 
 }  // namespace desk

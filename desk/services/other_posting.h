@@ -12,7 +12,8 @@ namespace desk {
 /// checked, and one that a settlement bill draws stays in the book.
 class OtherPosting final : public BillPosting {
  public:
-  OtherPosting(Database& database, const OtherTables& tables) : database_(database), tables_(tables) {}
+  OtherPosting(Database& database, const OtherTables& tables, LockLost lock_lost = {})
+      : database_(database), tables_(tables), lock_lost_(std::move(lock_lost)) {}
 
   PostingResult check(std::int32_t nBillID, const std::string& sUser) override;
   /// Refused for a bill with a voucher, and while a checked settlement bill draws the bill.
@@ -31,6 +32,7 @@ class OtherPosting final : public BillPosting {
 
   Database& database_;
   const OtherTables& tables_;
+  LockLost lock_lost_;
 };
 
 }  // namespace desk

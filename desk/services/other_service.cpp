@@ -12,7 +12,7 @@ class OtherService final : public BillService {
  public:
   OtherService(std::string sTypeName, Session& session, const OtherTables& tables)
       : BillService(std::move(sTypeName), session, tables.sBillName,
-                    std::make_unique<OtherPosting>(session.database(), tables)),
+                    std::make_unique<OtherPosting>(session.database(), tables, lock_lost(session, tables.nClass))),
         tables_(tables) {
     on(tables.numberQuery, [this](Arguments args) { return Variant(bills_of_number(text_argument(args, 1))); });
     on(Member::GetBill, [this](Arguments) { return Variant(keeps_hint_back()); });

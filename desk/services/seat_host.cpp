@@ -6,6 +6,7 @@
 
 #include "frame/messages.h"
 #include "services/bill_kinds.h"
+#include "services/bill_service.h"
 
 namespace desk {
 
@@ -18,7 +19,8 @@ Outcome delete_bill(Session& session, std::int32_t nClassType, std::int32_t nBil
   const int nAnswer = session.platform().MsgBox("是否删除当前单据?", arap::kQuestion, "青柚提示");
   if (nAnswer != kButtonYes) return Outcome::refused("单据没有删除。");
   try {
-    const PostingResult result = make_posting(session.database(), *pKind)->remove(nBillID);
+    const PostingResult result =
+        make_posting(session.database(), *pKind, lock_lost(session, nClassType))->remove(nBillID);
     return result.bDone ? Outcome::done() : Outcome::refused(result.sRefusal);
   } catch (const DeskError& error) {
     return Outcome::refused(error.problem());
