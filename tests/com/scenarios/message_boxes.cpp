@@ -32,13 +32,15 @@ int button_style(HWND box) {
   return has(IDCANCEL) ? MB_OKCANCEL : MB_OK;
 }
 
+int g_expected_icon = 0;
+
 int icon_style(HWND box) {
   HICON icon = nullptr;
   for (HWND child = nullptr; (child = FindWindowExW(box, child, L"Static", nullptr)) != nullptr;) {
     const auto nStyle = static_cast<DWORD>(GetWindowLongW(child, GWL_STYLE));
     if ((nStyle & SS_TYPEMASK) == SS_ICON) icon = reinterpret_cast<HICON>(SendMessageW(child, STM_GETICON, 0, 0));
   }
-  if (icon == nullptr) return 0;
+  if (icon == nullptr) return g_expected_icon;
   if (icon == LoadIconW(nullptr, IDI_INFORMATION)) return MB_ICONINFORMATION;
   if (icon == LoadIconW(nullptr, IDI_WARNING)) return MB_ICONWARNING;
   if (icon == LoadIconW(nullptr, IDI_QUESTION)) return MB_ICONQUESTION;
@@ -73,6 +75,8 @@ LRESULT CALLBACK on_window(int nCode, WPARAM window, LPARAM data) {
 }
 
 }  // namespace
+
+void expect_icon(UINT nStyle) { g_expected_icon = static_cast<int>(nStyle & MB_ICONMASK); }
 
 BoxOnScreen read_box(HWND box) {
   return {text_of(GetDlgItem(box, kTextId)), text_of(box), button_style(box) | icon_style(box)};

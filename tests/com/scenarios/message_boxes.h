@@ -13,6 +13,8 @@ struct BoxOnScreen {
   int nButtons = 0;  // the style that shows these buttons and this icon
 };
 BoxOnScreen read_box(HWND box);
+/// The icon that the next box was asked for: the 32-bit half of Wine 8 has none of the system's icons to show.
+void expect_icon(UINT nStyle);
 
 /// While one lives, a message box of this thread is read off the screen, told to the thread's platform as a call of
 /// MsgBox, and closed with the platform's answer: real boxes are recorded and answered as the script has it.

@@ -7,6 +7,7 @@
 
 #include "bridge/bridge.h"
 #include "bridge/wide_text.h"
+#include "com/scenarios/message_boxes.h"
 #include "com/scenarios/server_under_test.h"
 #include "frame/platform.h"
 #include "support/trace.h"
@@ -41,6 +42,12 @@ std::string scripted_path(std::wstring sPath) {
     sPath.replace(nAt, sReal.size(), com::to_wide(CurrentPlatform().LibraryPath()));
   }
   return com::to_utf8(sPath);
+}
+
+/// The real box; what it is asked for is kept for where the screen can't tell.
+int WINAPI message_box(HWND owner, LPCWSTR sText, LPCWSTR sTitle, UINT nStyle) {
+  expect_icon(nStyle);
+  return MessageBoxW(owner, sText, sTitle, nStyle);
 }
 
 HCURSOR WINAPI set_cursor(HCURSOR cursor) {
@@ -129,6 +136,7 @@ ScriptedMachine::ScriptedMachine(HMODULE server) {
   const auto patch = [&](const char* sFunction, void* replacement) {
     patches_.push_back(std::make_unique<ImportPatch>(server, sFunction, replacement));
   };
+  patch("MessageBoxW", address(message_box));
   patch("SetCursor", address(set_cursor));
   patch("GetComputerNameW", address(computer_name));
   patch("GetCurrentProcessId", address(process_id));
