@@ -87,4 +87,19 @@ void PlaceRowCommands(const BillEvent& oBill, const ActiveBar& oBar) {
   oBill.Form().RefreshToolbar();
 }
 
+void HideTools(const ActiveBar& oBar, std::initializer_list<Key> aTools) {
+  for (const Key sTool : aTools) ResumeNext([&] { oBar.Tools(sTool).SetVisible(false); });
+}
+
+void HideBandTools(const ActiveBar& oBar, Key sBand, std::initializer_list<Key> aTools) {
+  for (const Key sTool : aTools) ResumeNext([&] { oBar.Bands(sBand).Tools(sTool).SetVisible(false); });
+}
+
+void SwitchOffTools(const ActiveBar& oBar, std::initializer_list<Key> aTools) {
+  for (const Key sTool : aTools) {
+    ResumeNext([&] { oBar.Tools(sTool).SetEnabled(false); });
+    ResumeNext([&] { oBar.Tools(sTool).SetVisible(false); });
+  }
+}
+
 }  // namespace arap

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <initializer_list>
 #include <string_view>
 
 #include "frame/host_contract.h"
@@ -19,5 +20,11 @@ std::int32_t FindToolIndex(const ActiveBar& oBar, const Variant& vBand, std::str
 
 /// Describes the row commands of a bill window and places them on its toolbar right behind the preview.
 void PlaceRowCommands(const BillEvent& oBill, const ActiveBar& oBar);
+
+/// Each hides tools of a bar, or of one of its bands; what the bar lacks is skipped.
+void HideTools(const ActiveBar& oBar, std::initializer_list<Key> aTools);
+void HideBandTools(const ActiveBar& oBar, Key sBand, std::initializer_list<Key> aTools);
+/// Disables and hides, each by itself.
+void SwitchOffTools(const ActiveBar& oBar, std::initializer_list<Key> aTools);
 
 }  // namespace arap

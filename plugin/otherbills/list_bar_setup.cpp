@@ -1,5 +1,4 @@
-#include <initializer_list>
-
+#include "frame/bar_state.h"
 #include "frame/failure.h"
 #include "frame/text_utils.h"
 #include "lists/bar_templates.h"
@@ -15,21 +14,6 @@ constexpr std::int32_t kSelectionMode = 3;
 /// Where Check and UnCheck stand in the menus.
 constexpr std::int32_t kCheckPlace = 4;
 constexpr std::int32_t kUncheckPlace = 5;
-
-void HideTools(const ActiveBar& oBar, std::initializer_list<Key> aTools) {
-  for (const Key sTool : aTools) ResumeNext([&] { oBar.Tools(sTool).SetVisible(false); });
-}
-
-void HideBandTools(const ActiveBar& oBar, Key sBand, std::initializer_list<Key> aTools) {
-  for (const Key sTool : aTools) ResumeNext([&] { oBar.Bands(sBand).Tools(sTool).SetVisible(false); });
-}
-
-void SwitchOffTools(const ActiveBar& oBar, std::initializer_list<Key> aTools) {
-  for (const Key sTool : aTools) {
-    ResumeNext([&] { oBar.Tools(sTool).SetEnabled(false); });
-    ResumeNext([&] { oBar.Tools(sTool).SetVisible(false); });
-  }
-}
 
 void TakeTemplateTool(const ActiveBar& oBar, Key sTool, std::string_view sCaption, std::string_view sDescription) {
   ResumeNext([&] { AddTemplateTool(oBar, LoadedFrmBar().abReport.Tools(sTool)); });

@@ -1,28 +1,14 @@
 #include "otherbills/other_bill_sides.h"
 
+#include "frame/twin_row.h"
+
 namespace arap {
 
 namespace {
 
-enum class Column : std::uint8_t { Receivable, Payable };
-
-/// One row of the table. Equal columns are no difference and don't belong here.
-class Row {
- public:
-  explicit consteval Row(Column column) : column_(column) {}
-  template <class T>
-  consteval T operator()(T receivable, T payable) const {
-    if (receivable == payable) throw "both columns are equal";
-    return column_ == Column::Receivable ? receivable : payable;
-  }
-
- private:
-  Column column_;
-};
-
 // clang-format off
 consteval OtherBillSide Fill(Column column) {
-  const Row of(column);
+  const TwinRow of(column);
   return {
     //                       clsROtherBill                                      clsPOtherBill
     .sClassName         = of("clsROtherBill"_key,                               "clsPOtherBill"_key),
@@ -95,7 +81,7 @@ consteval OtherBillSide Fill(Column column) {
 
 }  // namespace
 
-constexpr OtherBillSide kROtherSide = Fill(Column::Receivable);
-constexpr OtherBillSide kPOtherSide = Fill(Column::Payable);
+constexpr OtherBillSide kROtherSide = Fill(Column::Receive);
+constexpr OtherBillSide kPOtherSide = Fill(Column::Pay);
 
 }  // namespace arap

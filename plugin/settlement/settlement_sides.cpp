@@ -1,28 +1,14 @@
 #include "settlement/settlement_sides.h"
 
+#include "frame/twin_row.h"
+
 namespace arap {
 
 namespace {
 
-enum class Column : std::uint8_t { Receive, Pay };
-
-/// One row of the table. Equal columns are no difference and don't belong here.
-class Row {
- public:
-  explicit consteval Row(Column column) : column_(column) {}
-  template <class T>
-  consteval T operator()(T receive, T pay) const {
-    if (receive == pay) throw "both columns are equal";
-    return column_ == Column::Receive ? receive : pay;
-  }
-
- private:
-  Column column_;
-};
-
 // clang-format off
 consteval SettlementSide Fill(Column column) {
-  const Row of(column);
+  const TwinRow of(column);
   return {
     //                       clsReceiveBill                                     clsPayBill
     .sClassName         = of("clsReceiveBill"_key,                              "clsPayBill"_key),
