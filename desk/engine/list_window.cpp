@@ -73,7 +73,7 @@ struct ListTool {
 constexpr std::array kListTools{
     ListTool{"mnuFileNew", "新增"},    ListTool{"mnuFileView", "查看"},   ListTool{"mnuEditModify", "修改"},
     ListTool{"mnuEditDelete", "删除"}, ListTool{"mnuDataFilter", "筛选"}, ListTool{"mnuDataRefesh", "刷新"},
-    ListTool{"mnuExportData", "导出"}, ListTool{"mnuFileExit", "退出"},
+    ListTool{"mnuExportData", "导出"}, ListTool{"mnuFileExit", "退出"},   ListTool{"mnuDataViewNextBill", "关联单据"},
 };
 
 /// The bar of every list of the desk.
@@ -106,6 +106,34 @@ std::string source_number_column(const BillTemplate& bill) {
     if (bill.field(nField).sSource == "FBillNo") return ", e." + bill.field(nField).sColumn + " AS FSourceNo";
   }
   return {};
+}
+
+/// How the list's query calls the head and the entries.
+std::string_view table_of(std::int32_t nPage) { return nPage == 1 ? "h" : "e"; }
+
+/// The names behind look-up fields: columns to select, and the joins that they need.
+struct NamesSql {
+  std::string sColumns;
+  std::string sJoins;
+};
+
+NamesSql names_sql(const BillTemplate& bill) {
+  NamesSql sql;
+  const std::pair<std::string_view, std::string> aNames[] = {{bill.sPartnerField, "FPartner"},
+                                                             {bill.sTypeField, "FBillType"},
+                                                             {"FCurrencyID", "FCurrency"},
+                                                             {"FInOutTypeID", "FInOutType"}};
+  for (const auto& [sKey, sName] : aNames) {
+    const std::size_t nField = bill.find_key(sKey);
+    if (nField == BillTemplate::kNone) continue;
+    const TemplateField& field = bill.field(nField);
+    const std::string sTable = "n" + sName;
+    sql.sColumns.append(", ").append(sTable).append(".FName AS ").append(sName);
+    sql.sJoins.append(" LEFT JOIN ").append(field.lookUp->sTable).append(" ").append(sTable);
+    sql.sJoins.append(" ON ").append(sTable).append(".").append(field.lookUp->sKeyColumn).append(" = ");
+    sql.sJoins.append(table_of(field.nPage)).append(".").append(field.sColumn);
+  }
+  return sql;
 }
 
 Ref<arap::Object> record_of(const Value& vValue) {
@@ -157,25 +185,23 @@ void ListWindow::fire(Event event, Arguments args) {
 }
 
 void ListWindow::refresh() {
-  const TemplateField& partner = template_->field(template_->find_key(template_->sPartnerField));
+  const NamesSql names = names_sql(*template_);
   lines_ = database_.query(
-      "SELECT h.FBillID, h.FBillNo, h.FDate, p.FName AS FPartner, c.FName AS FCurrency, h.FStatus,"
-      " h.FAmountFor, h.FChecker, h.FExplanation, e.FIndex" +
-      entry_columns({"FInterID", "FBillSettleAmountFor", "FInOutTypeID", "FBillAmountFor"}) +
-      source_number_column(*template_) + from_bills() + " LEFT JOIN " + partner.lookUp->sTable + " p ON p." +
-      partner.lookUp->sKeyColumn + " = h." + partner.sColumn +
-      " LEFT JOIN t_Currency c ON c.FCurrencyID = h.FCurrencyID"
-      " ORDER BY h.FBillNo, h.FBillID, e.FIndex");
+      "SELECT h.FBillID, h.FBillNo, h.FDate, h.FStatus, h.FAmountFor, h.FChecker, h.FExplanation, e.FIndex" +
+      names.sColumns + columns_of(1, {"FLimitDate", "FCheckAmountFor"}) +
+      columns_of(2, {"FInterID", "FBillSettleAmountFor", "FInOutTypeID", "FBillAmountFor"}) +
+      source_number_column(*template_) + from_bills() + names.sJoins + " ORDER BY h.FBillNo, h.FBillID, e.FIndex");
   selection_.clear();
   ++refreshes_;
 }
 
-/// Those of the columns that the bill's body has.
-std::string ListWindow::entry_columns(std::initializer_list<std::string_view> aColumns) const {
+/// Those of the columns that this page of the bill has.
+std::string ListWindow::columns_of(std::int32_t nPage, std::initializer_list<std::string_view> aColumns) const {
   std::string sColumns;
   for (const std::string_view sColumn : aColumns) {
     const std::size_t nField = template_->find_key(sColumn);
-    if (nField != BillTemplate::kNone && template_->field(nField).nPage == 2) sColumns.append(", e.").append(sColumn);
+    if (nField != BillTemplate::kNone && template_->field(nField).nPage == nPage)
+      sColumns.append(", ").append(table_of(nPage)).append(".").append(sColumn);
   }
   return sColumns;
 }
@@ -239,7 +265,7 @@ Ref<arap::Object> ListWindow::selected_rows() const {
 
 Rows ListWindow::bill_detail(std::int32_t nBillID) {
   return database_.query("SELECT h.FStatus, h.FDate, h.FVoucherID AS FVoucherId, h.FCheckAmountFor" +
-                             entry_columns({"FClassID_SRC", "FInterID"}) + from_bills() +
+                             columns_of(2, {"FClassID_SRC", "FInterID"}) + from_bills() +
                              " WHERE h.FBillID = ? ORDER BY e.FIndex",
                          {Bind(nBillID)});
 }

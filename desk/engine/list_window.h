@@ -65,7 +65,7 @@ class ListWindow final : public arap::Object {
   void fire(arap::Event event, arap::Arguments args);
   Outcome run_host_command(const BarTool& tool);
   arap::Ref<arap::Object> selected_rows() const;
-  std::string entry_columns(std::initializer_list<std::string_view> aColumns) const;
+  std::string columns_of(std::int32_t nPage, std::initializer_list<std::string_view> aColumns) const;
   std::string from_bills() const;
   /// The entries of one bill with the head's status, date, voucher and settled amount.
   Rows bill_detail(std::int32_t nBillID);

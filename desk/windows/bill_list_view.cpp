@@ -30,18 +30,28 @@ constexpr std::array kListShortcuts{
     Shortcut{"mnuExportData", "F11"}, Shortcut{"Voucher", "Ctrl+Shift+V"},
 };
 
-std::vector<ListColumn> bill_columns() {
+/// The head's columns, and what an entry names: a source bill that is settled, or a type of income or expense.
+std::vector<ListColumn> bill_columns(const BillTemplate& bill) {
   using Kind = ListColumn::Kind;
-  return {{"FBillNo", "单据编号"},
-          {"FDate", "日期"},
-          {"FPartner", "往来单位"},
-          {"FCurrency", "币别"},
-          {"FAmountFor", "核销金额", Kind::Money},
-          {"FStatus", "状态", Kind::State},
-          {"FSourceNo", "源单编号"},
-          {"FBillSettleAmountFor", "本次核销", Kind::Money},
-          {"FChecker", "审核人"},
-          {"FExplanation", "摘要"}};
+  const bool bOfTypes = bill.find_key("FInOutTypeID") != BillTemplate::kNone;
+  std::vector<ListColumn> columns{{"FBillNo", "单据编号"},
+                                  {"FDate", "日期"},
+                                  {"FPartner", "往来单位"},
+                                  {"FCurrency", "币别"},
+                                  {"FAmountFor", bOfTypes ? "金额" : "核销金额", Kind::Money},
+                                  {"FStatus", "状态", Kind::State}};
+  const auto add = [&columns](std::initializer_list<ListColumn> more) { columns.insert(columns.end(), more); };
+  if (bOfTypes) {
+    add({{"FInOutType", "类别"},
+         {"FBillAmountFor", "分录金额", Kind::Money},
+         {"FBillType", "类型"},
+         {"FLimitDate", "到期日"},
+         {"FCheckAmountFor", "已核销", Kind::Money}});
+  } else {
+    add({{"FSourceNo", "源单编号"}, {"FBillSettleAmountFor", "本次核销", Kind::Money}});
+  }
+  add({{"FChecker", "审核人"}, {"FExplanation", "摘要"}});
+  return columns;
 }
 
 }  // namespace
@@ -53,7 +63,7 @@ BillListView::BillListView(DeskSeat& seat, const std::string& sTemplate, QWidget
       runner_(seat.log),
       news_(seat.session),
       window_(open_list_window(seat.database(), BillTemplate::shipped(sTemplate))),
-      view_(new LinesView(bill_columns(), this)) {
+      view_(new LinesView(bill_columns(*BillTemplate::shipped(sTemplate)), this)) {
   build();
   view_->show_lines(window_->lines());
   set_stale(false);

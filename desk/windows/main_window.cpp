@@ -94,6 +94,8 @@ void MainWindow::add_file_menu() {
   };
   add("新增收款单", "Ctrl+Shift+R", [this] { new_bill("receipt"); });
   add("新增付款单", "Ctrl+Shift+P", [this] { new_bill("payment"); });
+  add("新增其他收入单", "Ctrl+Shift+I", [this] { new_bill("other_receivable"); });
+  add("新增费用支出单", "Ctrl+Shift+X", [this] { new_bill("other_payable"); });
   add("打开", "Ctrl+O", [this] {
     if (RoomView* pRoom = current_room()) pRoom->open_current();
   });

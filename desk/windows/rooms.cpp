@@ -23,13 +23,19 @@ RoomView* book_list(DeskSeat& seat, QWidget* pParent) {
 
 constexpr char kReceipt[] = "receipt";
 constexpr char kPayment[] = "payment";
+constexpr char kOtherReceivable[] = "other_receivable";
+constexpr char kOtherPayable[] = "other_payable";
 
 }  // namespace
 
 const std::vector<Room>& rooms() {
   static const std::vector<Room> kRooms{
-      {"收款单", bill_list<kReceipt>},           {"付款单", bill_list<kPayment>},
-      {"应收明细", book_list<open_receivables>}, {"应付明细", book_list<open_payables>},
+      {"收款单", bill_list<kReceipt>},
+      {"付款单", bill_list<kPayment>},
+      {"其他收入单", bill_list<kOtherReceivable>},
+      {"费用支出单", bill_list<kOtherPayable>},
+      {"应收明细", book_list<open_receivables>},
+      {"应付明细", book_list<open_payables>},
       {"操作日志", book_list<action_log>},
   };
   return kRooms;

@@ -182,7 +182,7 @@ TEST_P(BillList, ExitClosesTheListAndItsRoomOpensItAgain) {
   press("mnuFileExit");
   DeskUser::settle();
   EXPECT_TRUE(first.isNull());
-  user.window.show_room(tables().bMoneyComesIn ? 1 : 0);
+  user.room("操作日志");
   EXPECT_EQ(list().lines().model().rowCount(), 2 * kBills);
 }
 

@@ -9,6 +9,7 @@
 #include <QTest>
 #include <QTimer>
 
+#include <algorithm>
 #include <functional>
 #include <string>
 
@@ -17,6 +18,7 @@
 #include "windows/bill_list_view.h"
 #include "windows/main_window.h"
 #include "windows/qt_text.h"
+#include "windows/rooms.h"
 
 namespace desk::testing {
 
@@ -97,10 +99,19 @@ class DeskUser {
         },
         QStringLiteral("selection"));
   }
+  /// The room of that name in front.
+  RoomView& room(std::string_view sCaption) {
+    const auto& all = rooms();
+    const auto found =
+        std::find_if(all.begin(), all.end(), [&](const Room& each) { return each.sCaption == sCaption; });
+    if (found == all.end()) throw std::logic_error("no such room");
+    window.show_room(static_cast<int>(found - all.begin()));
+    return *window.current_room();
+  }
   /// The list of a side in front.
-  BillListView& list(const SettlementTables& tables) {
-    window.show_room(tables.bMoneyComesIn ? 0 : 1);
-    auto* pList = qobject_cast<BillListView*>(window.current_room());
+  BillListView& list(const SettlementTables& tables) { return list(tables.bMoneyComesIn ? "收款单" : "付款单"); }
+  BillListView& list(std::string_view sRoom) {
+    auto* pList = qobject_cast<BillListView*>(&room(sRoom));
     if (pList == nullptr) throw std::logic_error("no list of bills is in front");
     return *pList;
   }

@@ -57,7 +57,7 @@ class Screenshots : public ::testing::Test {
 
 TEST_F(Screenshots, OfTheRoadOfAReceipt) {
   DeskUser user;
-  user.window.show_room(2);
+  user.room("应收明细");
   take(user.window, "open_receivables");
   user.window.new_bill("receipt");
   user.type("FCustomerID", "C001");
