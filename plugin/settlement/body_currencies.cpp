@@ -5,8 +5,7 @@
 
 namespace arap {
 
-/// A row without a source keeps the
-/// currencies of the rows before it.
+/// A row without a source keeps the currencies of the rows before it.
 bool SettlementBill::CheckBodyCurrencies() const {
   const BillEvent oBill = Bill();
   // Required: the receipt bill's advance value on both sides.

@@ -162,8 +162,8 @@ class SettlementBill : public ListedBillClass {
   // --- auto_amounts ---
   void AutoApportion();
   void AutoSum();
-  /// False after its own message.
   void EndApportion(double dRest);
+  /// False after its own message.
   bool CheckBodyCurrencies() const;
   bool PassesRowCurrencyMix() const;
 

@@ -32,7 +32,7 @@ void SettlementBill::LookUpSourceBill(const Tool& oTool, Variant& vCancel) {
   const BillEvent oBill = Bill();
   const ActiveCell cell = oBill.GetActiveCell();
   if (cell.oField.IsNothing()) return;
-  if (Concat(cell.oField.Value("FKey"_key)) != side_.sSourceNo.view()) return;
+  if (!EqualsNoCase(Concat(cell.oField.Value("FKey"_key)), side_.sSourceNo)) return;
   const Tool oNewTool(CreateLocalObject(open_choices::kTool));
   oNewTool.SetName(side_.sSelectTool);
   m_SelBillType = SelectionKind();

@@ -66,6 +66,23 @@ TEST_F(BarStateTest, FailingStatementIsSkippedAndTheOthersRun) {
   }
 }
 
+TEST_F(BarStateTest, KeyThatTheBarLacksChangesNothingAndRaisesNothing) {
+  oBill->bar = TestBar::with_tools({{"BandToolBar", {"mnuFileNew"}}});
+  oBill->bill_status = 0;
+  for (const char* sAction : {"mnuEditCheck", "DisableEdit", "EnableEdit"}) {
+    EXPECT_NO_THROW(SetEditBarState(bill, sAction)) << sAction;
+  }
+  EXPECT_NO_THROW(DisableBodyCommands(bill));
+  const ActiveBar bar{Ref<Object>(oBill->bar)};
+  EXPECT_NO_THROW(HideTools(bar, {"mnuCopyRow"_key}));
+  EXPECT_NO_THROW(HideBandTools(bar, "mnuEdit"_key, {"mnuFileNew"_key}));
+  EXPECT_NO_THROW(HideBandTools(bar, "BandToolBar"_key, {"mnuCopyRow"_key}));
+  EXPECT_NO_THROW(SwitchOffTools(bar, {"mnuCopyRow"_key}));
+  EXPECT_EQ(oBill->bar->tools().names(), std::vector<std::string>{"mnuFileNew"});
+  EXPECT_TRUE(oBill->bar->tool("BandToolBar", "mnuFileNew").visible());
+  EXPECT_TRUE(oBill->bar->tool("BandToolBar", "mnuFileNew").enabled());
+}
+
 TEST_F(BarStateTest, BillThatCanNotBeEditedLosesItsBodyCommands) {
   oBill->bill_status = 0;
   DisableBodyCommands(bill);

@@ -179,6 +179,17 @@ TEST_P(AutoApportion, TheBatchFlagIsRaisedForEachSourceRowAndNeverLowered) {
             (std::vector<std::string>{"BillEvent.SetBatchFlag(True)", "BillEvent.SetBatchFlag(True)"}));
 }
 
+TEST_P(AutoApportion, TheBatchFlagIsRaisedAheadOfTheRowsRateAndOnThePaymentBehindIt) {
+  add_source(1, 1, 60);
+  trace().set_detail(Trace::Detail::All);
+  apportion(60);
+  const auto nFlag = trace().position("SetBatchFlag(True)");
+  const auto nRate = trace().position("GetDataFld(FEntryExchangeRate, 1)");
+  ASSERT_GE(nFlag, 0);
+  ASSERT_GE(nRate, 0);
+  EXPECT_EQ(nFlag < nRate, pick(true, false));
+}
+
 TEST_P(AutoApportion, AmountsReachTheCellsInTheOrderOfTheirCase) {
   add_source(1, 1, 60);
   add_source(1, 1, 60);

@@ -58,6 +58,19 @@ TEST_P(AutoSum, WriteOffsThatComeToZeroAreToldEvenIfTheHeadHasAnAmount) {
   EXPECT_EQ(bill->number("FAmountFor", -1), 9);
 }
 
+TEST_P(AutoSum, RowsWithoutAWriteOffAreToldEvenIfTheHeadHasAnAmount) {
+  for (const std::int32_t nCurrency : {1, 2}) {
+    session.platform.messages.clear();
+    bill->head("FCurrencyId", nCurrency).head("FAmountFor", 9.0);
+    add_source(nCurrency, 0, 0);
+    sum();
+    EXPECT_EQ(boxes(), notice(pick("收款单据的本次核销金额总和为零,请先输入本次核销金额!",
+                                   "付款单据的本次核销金额总和为零,请先输入本次核销金额!")));
+    EXPECT_EQ(bill->number("FAmountFor", -1), 9);
+    bill->remove_rows();
+  }
+}
+
 TEST_P(AutoSum, AFullPercentageReceivesEverythingAndGivesNothingAway) {
   add_source(1, 60, 60);
   add_source(1, 40.5, 40.5);

@@ -112,6 +112,15 @@ TEST_P(CheckUncheck, AnUncheckAsksTheServiceAndShowsTheBillAgainWhateverItAnswer
   }
 }
 
+TEST_P(CheckUncheck, AnUncheckOfAWrittenOffBillIsLeftToTheServiceAndTheBillIsShownAgain) {
+  bill->head("FStatus", 1).head("FCheckAmountFor", 5.0);
+  session.check_result = kFailure;
+  EXPECT_FALSE(bill->click("mnuEditUnCheck"));
+  EXPECT_EQ(boxes(), notice("服务的答复"));
+  EXPECT_EQ(service().count(Member::CheckBill), 1u);
+  EXPECT_EQ(bill->shown_bills, std::vector<std::int32_t>{9});
+}
+
 TEST_P(CheckUncheck, AnUncheckWithoutTheRightIsCancelled) {
   session.access = [](std::int32_t, std::int32_t, std::int32_t nRight) { return nRight != 4096; };
   EXPECT_TRUE(bill->click("mnuEditUnCheck"));

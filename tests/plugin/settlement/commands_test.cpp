@@ -1,3 +1,4 @@
+#include "frame/conversions.h"
 #include "plugin/settlement/settlement_fixture.h"
 
 namespace arap::testing {
@@ -59,6 +60,13 @@ TEST_P(Commands, TheLookUpOnAnotherCellOrOnNoneIsTheHosts) {
   EXPECT_FALSE(trace().has("ToolId"));
 }
 
+TEST_P(Commands, TheLookUpKnowsTheSourceNumberInAnySpelling) {
+  bill->info(side.sSourceNo)->set("FKey", UpperCase(side.sSourceNo));
+  bill->set_active_cell(side.sSourceNo, 1);
+  EXPECT_FALSE(bill->click("mnuDataLookUp"));
+  EXPECT_EQ(trace().count("DoSelBillExt"), 1u);
+}
+
 TEST_P(Commands, WithoutAPartnerTheLookUpWarnsAndIsCancelled) {
   bill->head(side.sPartner, 0, "", "");
   bill->set_active_cell(side.sSourceNo, 1);
@@ -80,6 +88,12 @@ TEST_P(Commands, EveryOtherKeyIsTheHostsAlone) {
   }
 }
 
+TEST_P(Commands, ToolNamesAreComparedExactly) {
+  for (const char* sTool : {"MNUSTOCKQUERY", "mnustockquery", "mnuStockquery"}) {
+    EXPECT_FALSE(bill->fire_cancelable(Event::MenuBarClick, {make_object<TestTool>(sTool)})) << sTool;
+  }
+}
+
 TEST_P(Commands, TheOtherSidesSelectionIsUnknown) {
   EXPECT_FALSE(bill->click(other.sSelectTool));
   EXPECT_EQ(trace().lines(), Lines{});
@@ -87,7 +101,8 @@ TEST_P(Commands, TheOtherSidesSelectionIsUnknown) {
 
 TEST_P(Commands, ThePaymentHasNoColoursAndNoOlderSources) {
   if (GetParam() == Side::Receive) return;
-  for (const char* sTool : {"mnuEditRedBill", "mnuEditBlueBill", "mnuSelectBill_1000000", "mnuSelectBill_1000003"}) {
+  for (const char* sTool : {"mnuEditRedBill", "mnuEditBlueBill", "mnuSelectBill_1000000", "mnuSelectBill_1000003",
+                            "mnuSelectBill_1000004", "mnuSelectBill_1000006"}) {
     trace().clear();
     EXPECT_FALSE(bill->click(sTool)) << sTool;
     EXPECT_EQ(trace().lines(), Lines{}) << sTool;

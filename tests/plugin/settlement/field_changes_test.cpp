@@ -77,6 +77,20 @@ TEST_P(FieldChanges, ATypedSourceNumberWithoutAnOldValueBecomesBlank) {
   EXPECT_EQ(box_count(), 1);
 }
 
+TEST_P(FieldChanges, ATypedSourceNumberIsUndoneWithAMessageAlsoWhereTheFieldWasEmpty) {
+  bill->set_value(side.sSourceNo, 1, "");
+  EXPECT_FALSE(bill->change(side.sSourceNo, 1, "other"));
+  EXPECT_EQ(message(), "不允许修改源单编号，请通过选单操作更改被选发票！");
+  EXPECT_EQ(bill->text(side.sSourceNo, 1), "");
+  EXPECT_EQ(bill->row_count(), 2);
+}
+
+TEST_P(FieldChanges, TheFormerSourceNumberIsTypedIntoRowZero) {
+  bill->change(side.sSourceNo, 1, "other");
+  EXPECT_EQ(trace().lines_with("SetText("),
+            (Lines{"BillEvent.SetText(" + std::string(side.sSourceNo) + ", \"XS001\", 0)"}));
+}
+
 TEST_P(FieldChanges, AnotherTypeEmptiesTheBodyAndTheHead) {
   set_amounts(*bill, GetParam(), 50, 40);
   change(side.sType, side.nRefundType);
@@ -119,6 +133,30 @@ TEST_P(FieldChanges, RowsInTheNewCurrencyTakeItsRate) {
   EXPECT_EQ(trace().has("SetFieldValue(\"FExchangeRate\", 6.5, -1)"), !receive());
 }
 
+TEST_P(FieldChanges, ANewCurrencyWritesItsRateThenItsDecimalsThenTheRows) {
+  session.add_currency(2, "美元", 6.5, "*", 3);
+  bill->set_value("FBillSettleAmountFor", 1, 10.0);
+  trace().clear();
+  change("FCurrencyID", std::int32_t{2});
+  const std::string sFor = side.sReceivedFor;
+  Lines aExpected{"BillEvent.SetText(FExchangeRate, \"6.5\", 0)"};
+  if (!receive()) aExpected.emplace_back("BillEvent.SetFieldValue(\"FExchangeRate\", 6.5, -1)");
+  aExpected.insert(
+      aExpected.end(),
+      {"BillCtl.LockCell(FExchangeRate, -1, False)", "BillEvent.SetFieldDecimals(FAmountFor, -1, 3)",
+       "BillEvent.SetFieldDecimals(" + sFor + ", -1, 3)", "BillEvent.SetColumnDecimals(" + sFor + ", 3)",
+       "BillEvent.SetFieldDecimals(FDiscountAmountFor, -1, 3)", "BillEvent.SetText(FEntryExchangeRate, \"6.5\", 1)",
+       "BillEvent.SetText(FBillSettleAmount, \"65\", 1)", "BillEvent.RefreshFieldRow(FBillSettleAmount)"});
+  EXPECT_EQ(trace().lines_with_any({"SetText(", "SetFieldValue(", "LockCell(", "Decimals(", "RefreshFieldRow("}),
+            aExpected);
+}
+
+TEST_P(FieldChanges, OnlyTheReceiptReadsTheNameOfTheNewCurrency) {
+  trace().set_detail(Trace::Detail::All);
+  change("FCurrencyID", std::int32_t{2});
+  EXPECT_EQ(trace().has("Currency.Name"), receive());
+}
+
 TEST_P(FieldChanges, ACurrencyOfZeroChangesNothingAndTheBaseCurrencyNoRow) {
   change("FCurrencyID", std::int32_t{0});
   EXPECT_FALSE(trace().has("SetText("));
@@ -150,6 +188,18 @@ TEST_P(FieldChanges, EqualAmountsLockTheDiscountAccountFromEitherField) {
   EXPECT_TRUE(locked("FDiscountAcctId"));
   EXPECT_TRUE(trace().has("DoAction(" + std::string(side.sReceivedFor)));
   EXPECT_TRUE(trace().has("DoAction(FAmountFor"));
+}
+
+TEST_P(FieldChanges, EqualAmountsEmptyTheDiscountAccountAsOneHundredPerCentDoes) {
+  for (const char* sKey : {side.sReceivedFor, "FAmountFor"}) {
+    set_amounts(*bill, GetParam(), 50, 50);
+    bill->head("FDiscountAcctId", std::int32_t{55});
+    change(sKey, 50.0);
+    EXPECT_EQ(bill->number("FDiscountAcctId"), 0) << sKey;
+    bill->head("FDiscountAcctId", std::int32_t{55});
+    change(sKey, 40.0);
+    EXPECT_EQ(bill->number("FDiscountAcctId"), 55) << sKey;
+  }
 }
 
 TEST_P(FieldChanges, AnAdvanceNeverHasADiscountAccount) {
@@ -184,6 +234,18 @@ TEST_P(FieldChanges, AnAccountInAForeignCurrencyDecidesTheHeads) {
   EXPECT_TRUE(trace().has("\"JPY\", -1)"));
   EXPECT_EQ(bill->number("FExchangeRate"), 0.125);
   EXPECT_FALSE(locked("FExchangeRate"));
+}
+
+TEST_P(FieldChanges, AnAccountEntersItsCurrencyThenSetsDecimalsAndRate) {
+  bill->sql.answer("Select  a.FCurrencyID", recordset({"FCurrencyID", "FNumber"}, {{std::int32_t{3}, "JPY"}}));
+  change("FAcctID", std::int32_t{77});
+  const std::string sFor = side.sReceivedFor;
+  EXPECT_EQ(
+      trace().lines_with_any({"SetText(", "SetFieldValue(", "LockCell(", "Decimals("}),
+      (Lines{"BillEvent.SetFieldValue(\"FCurrencyId\", \"JPY\", -1)", "BillEvent.SetFieldDecimals(FAmountFor, -1, 0)",
+             "BillEvent.SetFieldDecimals(" + sFor + ", -1, 0)", "BillEvent.SetColumnDecimals(" + sFor + ", 0)",
+             "BillEvent.SetFieldDecimals(FDiscountAmountFor, -1, 0)", "BillEvent.SetText(FExchangeRate, \"0.125\", 0)",
+             "BillEvent.SetFieldValue(\"FExchangeRate\", 0.125, -1)", "BillCtl.LockCell(FExchangeRate, -1, False)"}));
 }
 
 TEST_P(FieldChanges, AnAccountWithoutACurrencySetsTheHeadToBase) {

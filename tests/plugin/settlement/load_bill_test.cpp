@@ -53,6 +53,13 @@ TEST_P(LoadBill, ThePercentageComesBackForTheStoredFraction) {
   EXPECT_EQ(bill->number("FDiscount"), 95);
 }
 
+TEST_P(LoadBill, ThePercentageHasSixDecimalsBeforeItIsOnScreen) {
+  bill->fire(Event::BeforeLoadBill, {std::int32_t{0}});
+  EXPECT_EQ(trace().lines(), Lines{});
+  bill->fire(Event::BeforLoadBillFillData);
+  EXPECT_EQ(trace().lines_with("Decimals("), (Lines{"BillEvent.SetFieldDecimals(FDiscount, -1, 6)"}));
+}
+
 TEST_P(LoadBill, AnUncheckedBillCanBeCheckedAndKeepsItsType) {
   load();
   EXPECT_EQ(enabled("mnuEditCheck"), true);
@@ -200,6 +207,35 @@ TEST_P(LoadBill, TheRowsPartnerIsLockedWhileTheHeadHasNone) {
   bill->head(side.sPartner, std::int32_t{0});
   load();
   EXPECT_TRUE(bill->cell_locked(side.sRowPartner, 1));
+}
+
+TEST_P(LoadBill, TheRowsPartnerIsFreeOnceTheHeadHasOne) {
+  add_source_row(*bill, GetParam());
+  load();
+  EXPECT_FALSE(trace().has("LockRowCell("));
+}
+
+TEST_P(LoadBill, TheTypeIsReadBehindTheRowsOfAReceiptAndAheadOfThoseOfAPayment) {
+  add_source_row(*bill, GetParam());
+  trace().set_detail(Trace::Detail::All);
+  load();
+  const Lines& aLines = trace().lines();
+  const auto bar = aLines.begin() + trace().position("(\"mnuCaculate\", \"Enabled\"");
+  const auto row = aLines.begin() + trace().position("GetDataFld(" + std::string(side.sPartner) + ", 1)");
+  ASSERT_LT(bar, row);
+  const auto type = std::find_if(bar, aLines.end(), [this](const std::string& sLine) {
+    return sLine.find("GetDataFld(" + std::string(side.sType) + ", -1)") != std::string::npos;
+  });
+  EXPECT_EQ(type < row, !receive());
+}
+
+TEST_P(LoadBill, ABillThatCanNotBeEditedNowLosesItsBodyCommands) {
+  bill->bill_status = 0;
+  bill->set_active_cell("FBillSettleAmountFor", 2);
+  load();
+  for (const char* sTool : {"mnuEditDelRow", "mnuEditAddRow", "mnuBatchFillField", "mnuDataLookUp"}) {
+    EXPECT_EQ(enabled(sTool), false) << sTool;
+  }
 }
 
 TEST_P(LoadBill, TheEditTasksOfTheLoadedBillAreGivenBackAtTheEnd) {

@@ -90,6 +90,8 @@ TEST_P(NewBill, ThePaymentEmptiesTheDiscountAccountAtOnce) {
   const auto nEmptied = trace().position("FDiscountAcctId.FFLD = 0");
   ASSERT_GE(nEmptied, 0);
   EXPECT_EQ(nEmptied < nReset, !receive());
+  const auto nPercentage = trace().position("FDiscount.FFLD = 100");
+  EXPECT_EQ(nPercentage >= 0 && nPercentage < nReset, !receive());
   EXPECT_EQ(bill->number("FDiscountAcctId"), 0);
 }
 

@@ -130,6 +130,31 @@ TEST_P(SaveLadder, AnAdvanceWithAPositiveAmountPassesWithoutAServerCall) {
   EXPECT_EQ(bill->number("FDiscount"), 1);
 }
 
+TEST_P(SaveLadder, AnAdvanceSkipsTheTestOfTheDiscountAccount) {
+  use_type(side.nAdvanceType);
+  for (const double dAmount : {80.0, -80.0}) {
+    set_amounts(*bill, GetParam(), dAmount, dAmount);
+    bill->head("FDiscountAmount", 5.0).head("FDiscountAcctId", std::int32_t{0});
+    session.server(side.sService).answers(Member::GetUnCheckAmountFor, 80.0);
+    EXPECT_FALSE(bill->save()) << dAmount;
+    EXPECT_EQ(box_count(), 0) << dAmount;
+  }
+}
+
+TEST_P(SaveLadder, OnlyThePaymentRoundsTheHeadAmountsAsItReadsThem) {
+  make_good_bill();
+  bill->head("FAmount", 0.00000000001);
+  EXPECT_EQ(bill->save(), !receive());
+  EXPECT_EQ(message(), pick("", "付款单的付款金额为零，不允许保存。"));
+
+  use_type(side.nAdvanceType);
+  set_amounts(*bill, GetParam(), -80.00000000001, -80.00000000001);
+  session.server(side.sService).answers(Member::GetUnCheckAmountFor, 80.0);
+  session.platform.messages.clear();
+  EXPECT_EQ(bill->save(), receive());
+  EXPECT_EQ(message(), pick("当前预收款金额大于该客户已有预收金额，不允许保存。", ""));
+}
+
 TEST_P(SaveLadder, ANegativeAdvanceTakesBackNoMoreThanThePartnerHas) {
   use_type(side.nAdvanceType);
   bill->head("FBillID", std::int32_t{9});

@@ -125,6 +125,17 @@ TEST_P(SaveRows, OnlyTheReceiptRoundsTheOpenAmount) {
                            : "付款单单据头的付款金额与单据体的本次核销金额总和不相等，不允许保存。");
 }
 
+TEST_P(SaveRows, AnOpenAmountBelowHalfACentIsClosedInItsCurrencyOnTheReceipt) {
+  add({.nInterID = 1, .dOpenFor = 0.004, .dSettleFor = -5});
+  set_amounts(*bill, GetParam(), -5, -5);
+  bill->set_value(side.sOpen, 1, -4.0);
+  // Closed, its base amounts are compared; on the payment it is still open in the other direction.
+  expect_refusal(receive() ? "第1行本次核销金额不能大于未核销金额。" : "第1行本次核销金额和未核销金额方向不一致。");
+  bill->set_value(side.sOpen, 1, -5.0);
+  session.platform.messages.clear();
+  EXPECT_EQ(bill->save(), !receive());
+}
+
 TEST_P(SaveRows, UnderAForeignHeadARowIsInItsCurrencyOrInBaseCurrency) {
   use_currency(2);
   bill->head("FExchangeRate", 7.0);
@@ -161,6 +172,20 @@ TEST_P(SaveRows, AForeignRowOfAThirdCurrencyIsRefusedWhereTheFirstTestLetItPass)
   EXPECT_TRUE(bill->save());
   EXPECT_EQ(message(), pick("收款单不支持多币别核算,第2行币别与收款单不是同一外币币别，不允许保存。",
                             "只能对同一种币别付款,请重新设置!"));
+}
+
+TEST_P(SaveRows, EachSideTellsARowOfAThirdCurrencyInItsOwnWords) {
+  // The test of the body's currencies is passed over under the receipt's advance type, also on the payment.
+  use_type(pick(side.nOrdinaryType, std::int32_t{1002}));
+  use_currency(2);
+  add({.nInterID = 1, .dOpenFor = 10, .dSettleFor = 10, .nCurrencyID = 2, .dRate = 7});
+  add({.nInterID = 2, .dOpenFor = 10, .dSettleFor = 10, .nCurrencyID = 3, .dRate = 0.125});
+  set_amounts(*bill, GetParam(), 20, 20);
+  expect_refusal(pick("收款单不支持多币别核算,第2行币别与收款单不是同一外币币别，不允许保存。",
+                      "付款单不支持多币别核算,第2行币别与付款单不是同一币别，不允许保存。"));
+  use_currency(1);
+  expect_refusal(pick("收款单不支持对多币别应收款单据收款,第2行币别与第一行不是同币别，不允许保存。",
+                      "付款单不支持对多币别应付款单据付款,第2行币别与第一行不是同币别，不允许保存。"));
 }
 
 TEST_P(SaveRows, AnAdvancePaymentIsTestedByItsOwnNumberOnly) {
