@@ -158,6 +158,7 @@ void BillView::press(const std::string& sTool) {
   const bool bDone = run(sName, [&] { return window_->press(sTool); });
   news_.show(this);
   if (window_->closed()) return;
+  if (bDone && arap::EqualsNoCase(sTool, "mnuEditAddRow")) body_->go_to_last_row();
   if (bDone && arap::EqualsNoCase(sTool, "mnuFilePreview")) preview_bill(*window_, this);
   if (bDone && arap::EqualsNoCase(sTool, "mnuFilePrint")) print_bill(*window_, this);
   Q_EMIT stored();

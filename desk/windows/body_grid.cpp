@@ -164,6 +164,14 @@ void BodyGrid::enter_now() {
   setFocus();
 }
 
+void BodyGrid::go_to_last_row() {
+  const int nRow = model_.rowCount() - 1;
+  int nColumn = 0;
+  while (nColumn + 1 < model_.columnCount() && !(model_.index(nRow, nColumn).flags() & Qt::ItemIsEditable)) ++nColumn;
+  setFocus(Qt::OtherFocusReason);
+  setCurrentIndex(model_.index(nRow, nColumn));
+}
+
 void BodyGrid::go_down() {
   const QModelIndex now = currentIndex();
   if (now.isValid() && now.row() + 1 < model_.rowCount()) setCurrentIndex(now.siblingAtRow(now.row() + 1));

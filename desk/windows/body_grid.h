@@ -19,6 +19,8 @@ class BodyGrid final : public QTableView {
 
   /// After the model's refresh: widths, frozen columns and totals.
   void refresh();
+  /// The caret goes to the first cell of the last row that can be typed into.
+  void go_to_last_row();
   /// Enters what is typed in an open editor and closes it.
   void enter_now();
 

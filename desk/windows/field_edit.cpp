@@ -52,6 +52,15 @@ bool FieldEdit::take_entry(QString& sEntry, QString& sReason) {
   return false;
 }
 
+/// Ctrl+Ins adds a row wherever the caret is; to copy there is Ctrl+C.
+bool FieldEdit::event(QEvent* pEvent) {
+  if (pEvent->type() == QEvent::ShortcutOverride) {
+    const auto& key = *static_cast<QKeyEvent*>(pEvent);
+    if (key.key() == Qt::Key_Insert && key.modifiers() == Qt::ControlModifier) return false;
+  }
+  return QLineEdit::event(pEvent);
+}
+
 void FieldEdit::keyPressEvent(QKeyEvent* pEvent) {
   switch (pEvent->key()) {
     case Qt::Key_F7: return open_list(true);

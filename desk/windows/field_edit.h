@@ -42,6 +42,7 @@ class FieldEdit final : public QLineEdit {
   void finished();
 
  protected:
+  bool event(QEvent* pEvent) override;
   void keyPressEvent(QKeyEvent* pEvent) override;
   void focusInEvent(QFocusEvent* pEvent) override;
   void focusOutEvent(QFocusEvent* pEvent) override;

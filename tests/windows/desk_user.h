@@ -63,6 +63,21 @@ class DeskUser {
     EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
     QTest::keyClick(window.focusWidget(), c);
   }
+  void keys(const char* sText) {
+    for (const char* p = sText; *p != '\0'; ++p) key_text(*p);
+  }
+  /// Puts the caret on a cell of the grid; rows from 1.
+  void go_to(int nRow, const char* sKey) {
+    BodyGrid& grid = bill().body();
+    grid.setFocus();
+    grid.setCurrentIndex(grid.model()->index(nRow - 1, static_cast<BodyModel*>(grid.model())->column_of(sKey)));
+  }
+  /// Types into a cell and enters it.
+  void type_cell(int nRow, const char* sKey, const char* sText) {
+    go_to(nRow, sKey);
+    keys(sText);
+    key(Qt::Key_Return);
+  }
   /// A command of the bill in front, from its menu.
   void command(const std::string& sTool) {
     QAction* pAction = bill().bars().action(sTool);
@@ -74,7 +89,8 @@ class DeskUser {
   void answer_next_box(Qt::Key answer = Qt::Key_Return) {
     QTimer::singleShot(0, &window, [this, answer] {
       auto* pBox = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-      if (pBox == nullptr) return answer_next_box(answer);
+      if (pBox == nullptr || pBox == answered_) return answer_next_box(answer);
+      answered_ = pBox;  // a key for a button takes a moment until the box goes
       boxes.push_back(utf8(pBox->text()));
       QTest::keyClick(pBox, answer);
     });
@@ -146,6 +162,7 @@ class DeskUser {
 
   QTimer watch_;
   QPointer<QWidget> seen_waiting_;
+  QPointer<QMessageBox> answered_;
 };
 
 }  // namespace desk::testing

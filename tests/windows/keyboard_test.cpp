@@ -18,14 +18,8 @@ class Keyboard : public ::testing::Test {
   BodyGrid& grid() { return user.bill().body(); }
   const BodyModel& model() { return *static_cast<BodyModel*>(grid().model()); }
   int column(const char* sKey) { return model().column_of(sKey); }
-  /// Puts the caret on a cell; rows from 1.
-  void go_to(int nRow, const char* sKey) {
-    grid().setFocus();
-    grid().setCurrentIndex(model().index(nRow - 1, column(sKey)));
-  }
-  void keys(const char* sText) {
-    for (const char* p = sText; *p != '\0'; ++p) user.key_text(*p);
-  }
+  void go_to(int nRow, const char* sKey) { user.go_to(nRow, sKey); }
+  void keys(const char* sText) { user.keys(sText); }
 
   DeskUser user;
 };

@@ -2,8 +2,10 @@
 
 #include <string>
 #include <tuple>
+#include <utility>
 
 #include "data/database.h"
+#include "services/other_tables.h"
 #include "services/settlement_tables.h"
 
 namespace desk::testing {
@@ -49,6 +51,27 @@ inline void add_bills(Database& database, const SettlementTables& tables, std::i
     for (const auto& [nIndex, nSource, units] : {std::tuple(1, n, 600'000), std::tuple(2, n + nCount, 400'000)})
       database.exec(sEntry, {Bind(n), Bind(nIndex), Bind(nClass), Bind(nSource), Bind("N" + std::to_string(nSource)),
                              Bind(Money{units}), Bind(Money{units})});
+  }
+  transaction.commit();
+}
+
+/// Unchecked other bills "B1001" and so on of the second partner, paid at once: one entry of 60.00 and one of 40.00.
+inline void add_other_bills(Database& database, const OtherTables& tables, std::int32_t nCount) {
+  Transaction transaction(database);
+  const std::string sHead =
+      side_sql(tables.side,
+               "INSERT INTO {other} (FBillID, FBillNo, FDate, FLimitDate, FBillTypeID, {partner}, FAcctID, FAmountFor,"
+               " FAmount) VALUES (?, ?, '2026-11-05', '2026-11-05', ?, 2, 1, 1000000, 1000000)");
+  const std::string sEntry =
+      side_sql(tables.side,
+               "INSERT INTO {other}Entry (FBillID, FIndex, FInOutTypeID, FBillAmountFor, FBillAmount) VALUES"
+               " (?, ?, ?, ?, ?)");
+  const std::int32_t nFirstType = tables.side.bMoneyComesIn ? 3 : 5;
+  for (std::int32_t n = kFirstNew; n < kFirstNew + nCount; ++n) {
+    database.exec(sHead, {Bind(n), Bind("B" + std::to_string(n)), Bind(tables.nImmediateType)});
+    for (const auto& [nIndex, units] : {std::pair(1, 600'000), std::pair(2, 400'000)})
+      database.exec(sEntry,
+                    {Bind(n), Bind(nIndex), Bind(nFirstType + nIndex - 1), Bind(Money{units}), Bind(Money{units})});
   }
   transaction.commit();
 }

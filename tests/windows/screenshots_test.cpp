@@ -3,6 +3,7 @@
 #include <QSet>
 
 #include <algorithm>
+#include <tuple>
 
 #include "desk_user.h"
 #include "many_bills.h"
@@ -104,6 +105,42 @@ TEST_F(Screenshots, OfAListAndABatch) {
   take(user.window, "list");
   user.window.open_bill("receipt", 1007);
   take(user.window, "held_by_another_seat");
+}
+
+TEST_F(Screenshots, OfOtherReceivables) {
+  DeskUser user;
+  add_other_bills(*user.book.database, kOtherReceivableTables, 12);
+  user.window.new_bill("other_receivable");
+  user.type("FBillTypeID", "1006");
+  user.type("FCustomerID", "C001");
+  user.type("FAcctID", "1122");
+  user.bill().head().edit("FExplanation")->setText(QStringLiteral("11月服务费"));
+  user.bill().head().edit("FExplanation")->enter_now();
+  for (const auto& [nRow, sType, sAmount] : {std::tuple(1, "1.02", "12500"), std::tuple(2, "1.01", "3680.5")}) {
+    user.key(Qt::Key_Insert, Qt::ControlModifier);
+    user.type_cell(nRow, "FInOutTypeID", sType);
+    user.type_cell(nRow, "FBillAmountFor", sAmount);
+  }
+  user.answer_next_box();
+  user.command("mnuFileSave");
+  take(user.window, "other_receivable");
+  BillListView& list = user.list("其他收入单");
+  list.refresh();
+  list.lines().filter().setText(QStringLiteral("b100"));
+  QTest::keyClick(&list.table(), Qt::Key_A, Qt::ControlModifier);
+  user.in_next_dialog([](QDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); }, QStringLiteral("result"));
+  list.press("Check");
+  list.lines().filter().clear();
+  take(user.window, "other_receivables");
+}
+
+TEST_F(Screenshots, OfOtherPayables) {
+  DeskUser user;
+  add_other_bills(*user.book.database, kOtherPayableTables, 3);
+  user.list("费用支出单").refresh();
+  take(user.window, "other_payables");
+  user.window.open_bill("other_payable", 1);
+  take(user.window, "other_payable");
 }
 
 TEST_F(Screenshots, OfTheLastBillComeWithoutAUser) {
