@@ -11,7 +11,7 @@
 #include "cli/scenario.h"
 #include "data/trace.h"
 #include "engine/base_window.h"
-#include "engine/open_window.h"
+#include "engine/bill_window.h"
 #include "engine/record_list.h"
 #include "services/bill_kinds.h"
 #include "services/session.h"

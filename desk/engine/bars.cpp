@@ -193,4 +193,19 @@ void Bar::place(BarBand& band, std::string_view sTool, std::int32_t nPosition) {
   band.aTools.insert(band.aTools.begin() + nPlace, Ref<BarTool>(pTool));
 }
 
+void fill_bar(Bar& bar, std::span<const ShippedBand> aBands, std::span<const ShippedTool> aTools) {
+  for (const ShippedBand& band : aBands) {
+    BarBand& added = bar.add_band(band.sName, band.sCaption);
+    for (const std::string_view sTool : band.aTools) {
+      bar.add_tool(sTool);
+      bar.place(added, sTool);
+    }
+  }
+  for (const ShippedTool& tool : aTools) {
+    const Ref<BarTool> oTool = bar.add_tool(tool.sName);
+    oTool->sCaption = tool.sCaption;
+    oTool->sDescription = tool.sCaption;
+  }
+}
+
 }  // namespace desk

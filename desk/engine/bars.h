@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -96,5 +97,22 @@ class Bar final : public arap::Object {
   std::vector<std::pair<bool, bool>> kept_;  // visible and enabled, in the order of the tools
   std::int32_t layouts_ = 0;
 };
+
+/// What a command of a shipped bar is called. A command without a caption is one that the desk doesn't serve; no view
+/// shows it.
+struct ShippedTool {
+  std::string_view sName;
+  std::string_view sCaption;
+};
+
+/// A band of a shipped bar with its commands, in order.
+struct ShippedBand {
+  std::string_view sName;
+  std::string_view sCaption;
+  std::vector<std::string_view> aTools;
+};
+
+/// Fills a bar that has nothing yet.
+void fill_bar(Bar& bar, std::span<const ShippedBand> aBands, std::span<const ShippedTool> aTools);
 
 }  // namespace desk

@@ -29,33 +29,16 @@ class ControlObject final : public arap::Object {
   std::string name_;
 };
 
-struct BaseTool {
-  std::string_view sName;
-  std::string_view sCaption;
-};
-
-constexpr BaseTool kTools[] = {
-    {"mnuFileNewItem", "新增"},    {"mnuFileNewGroup", "新增组"},
-    {"mnuEditModify", "修改"},     {"mnuEditDel", "删除"},
-    {"mnuEditDelGroup", "删除组"}, {"mnuEditUse", "反禁用"},
-    {"mnuEditUnuse", "禁用"},      {"mnuDataFind", "查找"},
-    {"mnuDataRefesh", "刷新"},     {"mnuFilePageSetup", "页面"},
-    {"mnuPreHeadFoot", "页眉"},    {"mnuFilePrint", "打印"},
-    {"mnuExportData", "引出"},     {"mnuFilePrintPreview", "预览"},
-    {"mnuViewToolBar", "工具栏"},  {"mnuViewToolCaption", "工具标题"},
-    {"mnuOption", "选项"},         {"mnuHelpDetail", "帮助"},
-    {"mnuFileExit", "退出"},
-};
-
-struct BaseBand {
-  std::string_view sName;
-  std::string_view sCaption;
-  std::vector<std::string_view> aTools;
+/// What the desk serves of the window's commands.
+constexpr ShippedTool kBaseTools[] = {
+    {"mnuFileNewItem", "新增"}, {"mnuEditModify", "修改"}, {"mnuEditDel", "删除"},    {"mnuEditUse", "反禁用"},
+    {"mnuEditUnuse", "禁用"},   {"mnuDataFind", "查找"},   {"mnuDataRefesh", "刷新"}, {"mnuExportData", "引出"},
+    {"mnuHelpDetail", "帮助"},  {"mnuFileExit", "退出"},
 };
 
 /// The bar of every base-data window of the desk.
-const std::vector<BaseBand>& base_bands() {
-  static const std::vector<BaseBand> kBands{
+const std::vector<ShippedBand>& base_bands() {
+  static const std::vector<ShippedBand> kBands{
       {"BandToolBar",
        "工具栏",
        {"mnuFileNewItem", "mnuFileNewGroup", "mnuEditModify", "mnuEditDel", "mnuEditUse", "mnuEditUnuse", "mnuDataFind",
@@ -75,46 +58,17 @@ const std::vector<BaseBand>& base_bands() {
 }  // namespace
 
 BaseWindow::BaseWindow(std::shared_ptr<BaseData> data, Host host, std::shared_ptr<const BillTemplate> bill)
-    : data_(std::move(data)),
+    : PluginWindow(base_bands(), kBaseTools),
+      data_(std::move(data)),
       host_(std::move(host)),
       template_(std::move(bill)),
-      bar_(arap::make_object<Bar>()),
       root_(data_->root()),
-      selected_node_(root_) {
-  build_bar();
-}
-
-void BaseWindow::build_bar() {
-  for (const BaseTool& tool : kTools) {
-    const Ref<BarTool> oTool = bar_->add_tool(tool.sName);
-    oTool->sCaption = tool.sCaption;
-    oTool->sDescription = tool.sCaption;
-  }
-  for (const BaseBand& band : base_bands()) {
-    BarBand& added = bar_->add_band(band.sName, band.sCaption);
-    for (const std::string_view sTool : band.aTools) bar_->place(added, sTool);
-  }
-}
+      selected_node_(root_) {}
 
 void BaseWindow::open(const Ref<arap::Object>& oPlugin) {
   nodes_ = data_->items();
-  plugin_ = oPlugin;
-  plugin_->call(Member::Show, Ref<arap::Object>(this));
-  Variant aBar[] = {Ref<arap::Object>(bar_.get())};
-  fire(Event::BarInitialize, aBar);
-  fire(Event::MenuBarInitialize, aBar);
+  bind(oPlugin);
   select_node(root_);
-}
-
-void BaseWindow::close() {
-  if (std::exchange(closed_, true)) return;
-  bill_.reset();
-  plugin_ = nullptr;
-}
-
-void BaseWindow::fire(Event event, Arguments args) {
-  trace_event(event, args);
-  events_.fire(event, args);
 }
 
 void BaseWindow::refresh() {
@@ -135,7 +89,7 @@ void BaseWindow::read_grid() {
   }
   const bool bShown = std::ranges::any_of(grid_, [this](const BaseItem& item) { return item.nID == current_item_; });
   if (!bShown) current_item_ = 0;
-  ++refreshes_;
+  count_refresh();
 }
 
 bool BaseWindow::select_node(std::int32_t nNode) {
@@ -176,33 +130,14 @@ std::int32_t BaseWindow::branch_of(std::int32_t nNode) const {
   return pNode == nullptr ? 0 : pNode->nBranch;
 }
 
-Outcome BaseWindow::press(std::string_view sTool) {
-  const Ref<BarTool> tool(bar_->find_tool(sTool));
-  const std::string sName = tool && !tool->sCaption.empty() ? tool->sCaption : std::string(sTool);
-  if (!tool) return Outcome::refused("没有命令“" + sName + "”。");
-  if (!tool->usable()) return Outcome::refused("命令“" + sName + "”现在不可用。");
-  try {
-    std::array<Variant, 2> args{Ref<arap::Object>(tool.get()), false};
-    fire(Event::MenuBarClick, args);
-    // What the plug-in stops, it has told.
-    return arap::ToBoolean(args[1]) ? Outcome::refused({}) : run_host_command(tool->sName);
-  } catch (const AutomationError& error) {
-    return Outcome::refused(error.description());
-  } catch (const DeskError& error) {
-    return Outcome::refused(error.problem() + (error.hint().empty() ? "" : " " + error.hint()));
-  }
-}
-
-Outcome BaseWindow::run_host_command(std::string_view sTool) {
+Outcome BaseWindow::run_host_command(const std::string& sTool) {
   if (arap::EqualsNoCase(sTool, "mnuFileNewItem")) return new_item();
-  if (arap::EqualsNoCase(sTool, "mnuDataRefesh")) refresh();
-  if (arap::EqualsNoCase(sTool, "mnuFileExit")) close();
   for (const std::string_view sOnItem : {"mnuEditModify", "mnuEditDel", "mnuEditUse", "mnuEditUnuse"}) {
     if (!arap::EqualsNoCase(sTool, sOnItem)) continue;
     const BaseItem* pItem = find(current_item_);
     return pItem == nullptr ? Outcome::refused("请先在列表中选择一条资料。") : run_on_item(sOnItem, BaseItem(*pItem));
   }
-  return Outcome::done();
+  return PluginWindow::run_host_command(sTool);
 }
 
 Outcome BaseWindow::run_on_item(std::string_view sTool, const BaseItem& item) {
@@ -220,7 +155,7 @@ void BaseWindow::open_bill(std::int32_t nBranch) {
   Host host = host_;
   host.make_store = [data = data_, nBranch](const BillTemplate& bill) { return data->store(bill, nBranch); };
   host.stored = [this] { refresh(); };
-  bill_ = OpenBillWindow(std::move(host), template_, plugin_);
+  bill_ = open_bill_window(std::move(host), template_, plugin());
   bill_->set_filter("FilterString", data_->filter(nBranch));
 }
 
@@ -258,31 +193,14 @@ Variant BaseWindow::invoke(Member member, Access access, Arguments args) {
     case Member::ActiveControl: return active_control();
     // Only the grid: the plug-in asks for it when the data have come.
     case Member::RefreshItems: read_grid(); return {};
-    case Member::BarControl: return bar_;
+    case Member::BarControl: return bar_object();
     default: no_such_member(member);
   }
 }
 
-OpenBaseWindow::OpenBaseWindow(std::shared_ptr<BaseData> data, Host host, std::shared_ptr<const BillTemplate> bill,
-                               const Ref<arap::Object>& oPlugin)
-    : window_(arap::make_object<BaseWindow>(std::move(data), std::move(host), std::move(bill))) {
-  try {
-    window_->open(oPlugin);
-  } catch (...) {
-    reset();
-    throw;
-  }
-}
-
-OpenBaseWindow& OpenBaseWindow::operator=(OpenBaseWindow&& other) noexcept {
-  if (this == &other) return *this;
-  reset();
-  std::swap(window_, other.window_);
-  return *this;
-}
-
-void OpenBaseWindow::reset() noexcept {
-  if (const Ref<BaseWindow> window = std::exchange(window_, {})) window->close();
+OpenBaseWindow open_base_window(std::shared_ptr<BaseData> data, Host host, std::shared_ptr<const BillTemplate> bill,
+                                const Ref<arap::Object>& oPlugin) {
+  return {arap::make_object<BaseWindow>(std::move(data), std::move(host), std::move(bill)), oPlugin};
 }
 
 }  // namespace desk

@@ -4,12 +4,11 @@
 #include <memory>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
-#include "engine/bars.h"
 #include "engine/base_data.h"
-#include "engine/open_window.h"
+#include "engine/bill_window.h"
+#include "engine/plugin_window.h"
 
 namespace desk {
 
@@ -18,9 +17,9 @@ enum class BaseControl : std::uint8_t { None, Tree, Grid };
 
 /// A window of base data without a window: a tree of nodes, and a grid of the records under the selected one. Towards
 /// the plug-in it is the "BaseClassEvent" object; views, the command line and tests use the members below. It is opened
-/// by its owner, see OpenBaseWindow. A record is edited in a small bill, which belongs to this window and talks to the
+/// by its owner, see OpenWindow. A record is edited in a small bill, which belongs to this window and talks to the
 /// same plug-in.
-class BaseWindow final : public arap::Object {
+class BaseWindow final : public PluginWindow {
  public:
   /// `host` is the surroundings of the small bill.
   BaseWindow(std::shared_ptr<BaseData> data, Host host, std::shared_ptr<const BillTemplate> bill);
@@ -28,16 +27,12 @@ class BaseWindow final : public arap::Object {
   // --- the user ---------------------------------------------------------------------------------------------------
 
   /// Reads the records anew. The selected node and the current record stay while they are there.
-  void refresh();
+  void refresh() override;
   /// Selects a node of the tree, which gets the focus; no record is current then. False when there is no such node.
   bool select_node(std::int32_t nNode);
   /// Makes a record of the grid the current one; the grid gets the focus. False when the grid doesn't show it.
   bool select_item(std::int32_t nID);
   void focus(BaseControl control) { active_ = control; }
-  /// Presses a command of the bar.
-  Outcome press(std::string_view sTool);
-  /// Closes the small bill and lets the plug-in go.
-  void close();
 
   // --- what can be seen -------------------------------------------------------------------------------------------
 
@@ -57,26 +52,24 @@ class BaseWindow final : public arap::Object {
   /// The small bill; nullptr when none is open.
   BillWindow* bill() const { return bill_ && !bill_->closed() ? bill_.get() : nullptr; }
   void close_bill() { bill_.reset(); }
-  Bar& bar() { return *bar_; }
-  /// How often the grid was read; a view reads again when the number moves.
-  std::int32_t refreshes() const { return refreshes_; }
-  bool closed() const { return closed_; }
 
   // --- the plug-in ------------------------------------------------------------------------------------------------
 
   std::string type_name() const override { return "BaseClassEvent"; }
   arap::Variant invoke(arap::Member member, arap::Access access, arap::Arguments args) override;
-  arap::EventSource* event_source() override { return &events_; }
+
+ protected:
+  Outcome run_host_command(const std::string& sTool) override;
+  /// What the plug-in stops, it has told.
+  Outcome cancelled() const override { return Outcome::refused({}); }
+  void let_go() override { bill_.reset(); }
 
  private:
-  friend class OpenBaseWindow;
+  friend class OpenWindow<BaseWindow>;
 
   void open(const arap::Ref<arap::Object>& oPlugin);
-  void build_bar();
   void read_grid();
-  void fire(arap::Event event, arap::Arguments args);
   std::int32_t branch_of(std::int32_t nNode) const;
-  Outcome run_host_command(std::string_view sTool);
   Outcome run_on_item(std::string_view sTool, const BaseItem& item);
   void open_bill(std::int32_t nBranch);
   Outcome new_item();
@@ -86,9 +79,6 @@ class BaseWindow final : public arap::Object {
   std::shared_ptr<BaseData> data_;
   Host host_;
   std::shared_ptr<const BillTemplate> template_;
-  arap::EventSourceList events_;
-  arap::Ref<arap::Object> plugin_;
-  arap::Ref<Bar> bar_;
   OpenBillWindow bill_;
   std::vector<BaseItem> nodes_;
   std::vector<BaseItem> grid_;
@@ -96,34 +86,11 @@ class BaseWindow final : public arap::Object {
   std::int32_t selected_node_ = 0;
   std::int32_t current_item_ = 0;
   BaseControl active_ = BaseControl::None;
-  std::int32_t refreshes_ = 0;
-  bool closed_ = false;
 };
 
-/// A base-data window with a plug-in behind it, owned: window and plug-in hold each other until the owner closes it.
-class OpenBaseWindow {
- public:
-  /// No window.
-  OpenBaseWindow() = default;
-  /// Binds the plug-in by its Show, builds the bar, reads the records and selects the root. An error of the plug-in
-  /// passes on, with the window closed.
-  OpenBaseWindow(std::shared_ptr<BaseData> data, Host host, std::shared_ptr<const BillTemplate> bill,
-                 const arap::Ref<arap::Object>& oPlugin);
-  ~OpenBaseWindow() { reset(); }
-  OpenBaseWindow(OpenBaseWindow&& other) noexcept { std::swap(window_, other.window_); }
-  OpenBaseWindow& operator=(OpenBaseWindow&& other) noexcept;
-  OpenBaseWindow(const OpenBaseWindow&) = delete;
-  OpenBaseWindow& operator=(const OpenBaseWindow&) = delete;
+using OpenBaseWindow = OpenWindow<BaseWindow>;
 
-  /// Closes the window, if there is one.
-  void reset() noexcept;
-
-  explicit operator bool() const { return static_cast<bool>(window_); }
-  BaseWindow* get() const { return window_.get(); }
-  BaseWindow* operator->() const { return window_.get(); }
-
- private:
-  arap::Ref<BaseWindow> window_;
-};
+OpenBaseWindow open_base_window(std::shared_ptr<BaseData> data, Host host, std::shared_ptr<const BillTemplate> bill,
+                                const arap::Ref<arap::Object>& oPlugin);
 
 }  // namespace desk

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "engine/bill_store.h"
+#include "engine/plugin_window.h"
 #include "frame/conversions.h"
 
 namespace desk {
@@ -263,6 +264,16 @@ void BillWindow::focus(std::string_view sKey, std::int32_t nRow) {
   if (row_of(nField, nRow) == nullptr) return;
   active_field_ = nField;
   active_row_ = template_->field(nField).nPage == 1 ? 0 : nRow;
+}
+
+OpenBillWindow open_bill_window(Host host, std::shared_ptr<const BillTemplate> bill,
+                                const arap::Ref<arap::Object>& oPlugin) {
+  return {arap::make_object<BillWindow>(std::move(host), std::move(bill)), oPlugin};
+}
+
+OpenBillWindow open_bill_window(Host host, std::shared_ptr<const BillTemplate> bill) {
+  const auto oPlugin = create_plugin(bill->sPluginClass);
+  return open_bill_window(std::move(host), std::move(bill), oPlugin);
 }
 
 }  // namespace desk

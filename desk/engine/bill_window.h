@@ -13,6 +13,7 @@
 #include "engine/containers.h"
 #include "engine/host.h"
 #include "engine/look_ups.h"
+#include "engine/open_window.h"
 #include "frame/event_binding.h"
 
 namespace desk {
@@ -44,7 +45,7 @@ enum class EditMode : std::int32_t { ReadOnly = 0, New = 1, Modify = 2 };
 
 /// A bill window without a window: the data of one bill, its bars and locks, and the events that the plug-in lives on.
 /// Towards the plug-in it is the "BillEvent" object; the desk's views, the command line and tests use the members
-/// below. Rows are 1-based, row -1 (or 0) addresses a head field. It is opened by its owner, see open_window.h.
+/// below. Rows are 1-based, row -1 (or 0) addresses a head field. It is opened by its owner, see OpenBillWindow.
 class BillWindow final : public arap::Object {
  public:
   BillWindow(Host host, std::shared_ptr<const BillTemplate> bill);
@@ -103,7 +104,7 @@ class BillWindow final : public arap::Object {
   arap::EventSource* event_source() override { return &events_; }
 
  private:
-  friend class OpenBillWindow;
+  friend class OpenWindow<BillWindow>;
   friend class BillFormObject;
   friend class BillCtlObject;
   friend class ScreenFieldObject;
@@ -202,5 +203,12 @@ class BillWindow final : public arap::Object {
   bool closed_ = false;
   std::string save_reason_;
 };
+
+using OpenBillWindow = OpenWindow<BillWindow>;
+
+OpenBillWindow open_bill_window(Host host, std::shared_ptr<const BillTemplate> bill,
+                                const arap::Ref<arap::Object>& oPlugin);
+/// Opens a window for a shipped template with the plug-in's own class behind it.
+OpenBillWindow open_bill_window(Host host, std::shared_ptr<const BillTemplate> bill);
 
 }  // namespace desk

@@ -41,7 +41,6 @@ RecordListContent invoice_list(std::int32_t nClassType) {
     return {.nClassType = nClassType,
             .sCaption = std::string(invoices.sCaption),
             .sPluginClass = "clsInvoice",
-            .sIdColumn = "FInterID",
             .sSql = lines_sql(invoices.table, "s.FClassTypeID = ? AND s.FIsBegin = 0"),
             .binds = {Bind(nClassType)}};
   }
@@ -54,7 +53,6 @@ RecordListContent opening_list(OpeningSide side) {
   return {.nClassType = bSale ? 1000000 : 1000003,
           .sCaption = bSale ? "期初应收" : "期初应付",
           .sPluginClass = "clsRPInitial",
-          .sIdColumn = "FInterID",
           .sSql = lines_sql(bSale ? kSale : kPurchase, "s.FIsBegin = 1"),
           .binds = {}};
 }

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "engine/open_window.h"
+#include "engine/bill_window.h"
 #include "services/session.h"
 #include "services/settlement_tables.h"
 

@@ -3,7 +3,6 @@
 #include <array>
 
 #include "frame/conversions.h"
-#include "frame/plugin_entry.h"
 #include "services/seat_host.h"
 #include "services/type_queries.h"
 
@@ -53,8 +52,8 @@ OpenBaseWindow open_window(Session& session, const std::string& sToday, std::str
   host.lost_edit_lock = [&session](std::int32_t, std::int32_t nID) {
     return session.tasks().has_lost(kModifyTask, nID);
   };
-  return OpenBaseWindow(std::make_shared<TypeKeeper>(session), std::move(host), BillTemplate::shipped("type"),
-                        arap::CreatePublicObject(std::string(arap::kLibraryName) + "." + std::string(sClass)));
+  return open_base_window(std::make_shared<TypeKeeper>(session), std::move(host), BillTemplate::shipped("type"),
+                          create_plugin(sClass));
 }
 
 }  // namespace
@@ -195,10 +194,15 @@ void TypeStore::update(const Entry& entry, const Place& place, std::int32_t nID)
        Bind(entry.nAcctID), Bind(entry.sNote), Bind(nID)});
 }
 
-// Only a detail type carries bill lines, so a parent that has children already has none to give.
+// Only a detail type carries bill lines, so a parent that has children already has none to give. The bills count as
+// stored anew: one that stands open with the former type must not put it back.
 void TypeStore::move_business(std::int32_t nFrom, std::int32_t nTo) {
-  for (const char* sTable : {"t_RP_ROtherBillEntry", "t_RP_POtherBillEntry"}) {
-    database_.exec("UPDATE " + std::string(sTable) + " SET FInOutTypeID = ? WHERE FInOutTypeID = ?", {nTo, nFrom});
+  for (const char* sBill : {"t_RP_ROtherBill", "t_RP_POtherBill"}) {
+    const std::string sTable(sBill);
+    database_.exec("UPDATE " + sTable + " SET FVersion = FVersion + 1 WHERE FBillID IN (SELECT FBillID FROM " + sTable +
+                       "Entry WHERE FInOutTypeID = ?)",
+                   {nFrom});
+    database_.exec("UPDATE " + sTable + "Entry SET FInOutTypeID = ? WHERE FInOutTypeID = ?", {nTo, nFrom});
   }
 }
 

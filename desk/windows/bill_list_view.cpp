@@ -1,12 +1,8 @@
 #include "windows/bill_list_view.h"
 
 #include <QLineEdit>
-#include <QMenuBar>
 #include <QTableView>
-#include <QToolBar>
-#include <QVBoxLayout>
 
-#include <array>
 #include <optional>
 #include <set>
 
@@ -20,14 +16,12 @@ namespace desk {
 
 namespace {
 
-constexpr std::string_view kToolBand = "BandToolBar";
 /// A batch of no more bills is done before anybody could read how far it is.
 constexpr int kFewBills = 10;
 
-constexpr std::array kListShortcuts{
-    Shortcut{"mnuFileNew", "Ctrl+N"}, Shortcut{"mnuFileExit", "Ctrl+W"},   Shortcut{"mnuEditDelete", "Del"},
-    Shortcut{"Check", "F4"},          Shortcut{"UnCheck", "Shift+F4"},     Shortcut{"mnuDataFilter", "Ctrl+F"},
-    Shortcut{"mnuExportData", "F11"}, Shortcut{"Voucher", "Ctrl+Shift+V"},
+constexpr Shortcut kListShortcuts[] = {
+    {"mnuFileNew", "Ctrl+N"}, {"mnuFileExit", "Ctrl+W"},   {"mnuEditDelete", "Del"}, {"Check", "F4"},
+    {"UnCheck", "Shift+F4"},  {"mnuDataFilter", "Ctrl+F"}, {"mnuExportData", "F11"}, {"Voucher", "Ctrl+Shift+V"},
 };
 
 /// The head's columns, and what an entry names: a source bill that is settled, or a type of income or expense.
@@ -57,77 +51,36 @@ std::vector<ListColumn> bill_columns(const BillTemplate& bill) {
 }  // namespace
 
 BillListView::BillListView(DeskSeat& seat, const std::string& sTemplate, QWidget* pParent)
-    : RoomView(pParent),
-      seat_(seat),
+    : PluginRoom(seat, kListShortcuts, pParent),
       template_(sTemplate),
-      runner_(seat.log),
-      news_(seat.session),
       window_(open_list_window(seat.database(), BillTemplate::shipped(sTemplate))),
       view_(new LinesView(bill_columns(*BillTemplate::shipped(sTemplate)), this)) {
-  build();
+  build(*view_);
+  connect(view_, &LinesView::activated, this, &BillListView::open_current);
+  connect(view_, &LinesView::selection_changed, this, &RoomView::status_changed);
   view_->show_lines(window_->lines());
   set_stale(false);
 }
 
 BillListView::~BillListView() = default;
 
-void BillListView::build() {
-  auto* pMenus = new QMenuBar(this);
-  pMenus->setNativeMenuBar(false);
-  auto* pTools = new QToolBar(this);
-  pTools->setToolButtonStyle(Qt::ToolButtonTextOnly);
-  bars_ = new BarView(
-      window_->bar(), {std::string(kToolBand), kListShortcuts}, *pMenus, *pTools,
-      [this](const std::string& sTool) { press(sTool); }, this);
-  auto* pLayout = new QVBoxLayout(this);
-  pLayout->setContentsMargins(0, 0, 0, 0);
-  pLayout->setSpacing(0);
-  pLayout->addWidget(pMenus);
-  pLayout->addWidget(pTools);
-  pLayout->addWidget(view_, 1);
-  connect(view_, &LinesView::activated, this, &BillListView::open_current);
-  connect(view_, &LinesView::selection_changed, this, &RoomView::status_changed);
-}
-
-QString BillListView::name_of(const std::string& sTool) const {
-  const BarTool* pTool = window_->bar().find_tool(sTool);
-  return pTool != nullptr && !pTool->sCaption.empty() ? qt(pTool->sCaption) : qt(sTool);
-}
-
-void BillListView::press(const std::string& sTool) {
-  const QString sName = name_of(sTool);
+Outcome BillListView::run_command(const std::string& sTool) {
   const int nBills = selected_bills();
   std::optional<BatchProgress> progress;
   bool bOperated = false;
   const auto step = [&] {
     bOperated = true;
-    if (!progress && nBills > kFewBills) progress.emplace(sName, nBills, this);
+    if (!progress && nBills > kFewBills) progress.emplace(name_of(sTool), nBills, this);
     if (progress) progress->step();
   };
-  const auto outcome = runner_.run(sName, [&] {
-    // A bill counts once when its lines follow each other, so they go in the list's own order.
-    window_->select_lines(view_->selected_lines());
-    seat_.session.result_line_made = step;
-    const Outcome pressed = window_->press(sTool);
-    seat_.session.result_line_made = {};
-    return pressed;
-  });
-  seat_.session.result_line_made = {};
-  progress.reset();
-  if (!outcome) return;
-  trouble_ = outcome->bDone ? QString() : qt(outcome->sReason);
-  if (window_->closed()) {
-    Q_EMIT closed();
-    return;
-  }
-  bars_->refresh();
+  // A bill counts once when its lines follow each other, so they go in the list's own order.
+  window_->select_lines(view_->selected_lines());
+  seat().session.result_line_made = step;
+  const Outcome pressed = window_->press(sTool);
+  seat().session.result_line_made = {};
   // Whether the plug-in asks for it is an option of the book; the desk never leaves lines that are known to be old.
-  if (bOperated) window_->refresh();
-  view_->show_lines(window_->lines());
-  news_.show(this);
-  if (outcome->bDone) run_desk_command(sTool);
-  Q_EMIT stored();
-  Q_EMIT status_changed();
+  if (bOperated && !window_->closed()) window_->refresh();
+  return pressed;
 }
 
 void BillListView::run_desk_command(const std::string& sTool) {
@@ -140,12 +93,6 @@ void BillListView::run_desk_command(const std::string& sTool) {
   } else if (arap::EqualsNoCase(sTool, "mnuExportData")) {
     ask_and_export_csv(view_->model(), windowTitle(), this);
   }
-}
-
-void BillListView::refresh() {
-  window_->refresh();
-  view_->show_lines(window_->lines());
-  Q_EMIT status_changed();
 }
 
 void BillListView::retranslate() { view_->retranslate(); }
@@ -164,7 +111,7 @@ int BillListView::selected_bills() const {
 }
 
 QString BillListView::status() const {
-  if (!trouble_.isEmpty()) return trouble_;
+  if (!trouble().isEmpty()) return trouble();
   return words("共%1行，已选%2张单据").arg(view_->model().rowCount()).arg(selected_bills());
 }
 

@@ -81,7 +81,7 @@ class BaseWindowTest : public ::testing::Test {
  protected:
   BaseWindowTest() { window = open(plugin); }
   OpenBaseWindow open(const arap::Ref<TwoSourcePlugin>& oPlugin) {
-    return OpenBaseWindow(data, Host(book.database()), BillTemplate::shipped("type"), oPlugin);
+    return open_base_window(data, Host(book.database()), BillTemplate::shipped("type"), oPlugin);
   }
   Lines events() { return std::exchange(plugin->aEvents, {}); }
   std::string asked(Member member) { return arap::Concat(window.get()->get(member)); }

@@ -122,7 +122,8 @@ TEST_P(Window, WithoutTheEditLockABillCanOnlyBeRead) {
   ASSERT_TRUE(window->save());
   Host host(*database);
   host.take_edit_lock = [](std::int32_t, std::int32_t) { return false; };
-  const OpenBillWindow reader(host, BillTemplate::shipped(GetParam().sTemplate), arap::make_object<ScriptedPlugin>());
+  const OpenBillWindow reader =
+      open_bill_window(host, BillTemplate::shipped(GetParam().sTemplate), arap::make_object<ScriptedPlugin>());
   ASSERT_TRUE(reader->load_number(GetParam().sFirstNumber));
   const arap::BillEvent oBill{arap::Ref<arap::Object>(reader.get())};
   EXPECT_EQ(oBill.EditMode(), 0);

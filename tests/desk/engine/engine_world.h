@@ -9,7 +9,7 @@
 
 #include "data/database.h"
 #include "desk/test_server.h"
-#include "engine/open_window.h"
+#include "engine/bill_window.h"
 #include "frame/conversions.h"
 #include "frame/host_contract.h"
 
@@ -95,7 +95,7 @@ class BillWorld : public ::testing::TestWithParam<Side> {
     host.sToday = "2026-11-21";
     host.sUser = "李会计";
     host.choose_sources = choose_all();
-    return OpenBillWindow(host, BillTemplate::shipped(GetParam().sTemplate), plugin);
+    return open_bill_window(host, BillTemplate::shipped(GetParam().sTemplate), plugin);
   }
 
   void fill_masters() {

@@ -24,7 +24,7 @@ class WindowOwner : public BillWorld {
     oPlugin->handlers[Event::AfterNewEmptyData] = [token = token](arap::Arguments) {};
     return oPlugin;
   }
-  OpenBillWindow open() { return OpenBillWindow(locking_host(), bill(), held_plugin()); }
+  OpenBillWindow open() { return open_bill_window(locking_host(), bill(), held_plugin()); }
   std::shared_ptr<const BillTemplate> bill() { return BillTemplate::shipped(GetParam().sTemplate); }
   bool plugin_is_gone() const { return token.use_count() == 1; }
 
@@ -48,7 +48,7 @@ TEST_P(WindowOwner, AnErrorThatLeavesTheScopeClosesTheWindow) {
 TEST_P(WindowOwner, APluginThatFailsWhileTheWindowOpensIsLetGo) {
   auto failing = held_plugin();
   failing->handlers[Event::BarInitialize] = [](arap::Arguments) { throw arap::AutomationError(5, "x", "no bar"); };
-  EXPECT_THROW(OpenBillWindow(locking_host(), bill(), failing), arap::AutomationError);
+  EXPECT_THROW(open_bill_window(locking_host(), bill(), failing), arap::AutomationError);
   failing = nullptr;
   EXPECT_TRUE(plugin_is_gone());
 }

@@ -4,7 +4,7 @@
 
 #include "data/demo.h"
 #include "desk/test_server.h"
-#include "engine/open_window.h"
+#include "engine/bill_window.h"
 #include "frame/conversions.h"
 #include "services/session.h"
 

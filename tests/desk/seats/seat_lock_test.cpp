@@ -30,9 +30,9 @@ INSTANTIATE_TEST_SUITE_P(Sides, SeatLock, ::testing::Values(&kReceiptTables, &kP
 
 TEST_P(SeatLock, ABillWhoseEditLockWasLostIsntStored) {
   Session session(book.database(), "li");
-  const OpenBillWindow window(seat_host(session, "2026-11-10"),
-                              BillTemplate::shipped(tables().bMoneyComesIn ? "receipt" : "payment"),
-                              arap::make_object<ScriptedPlugin>());
+  const OpenBillWindow window = open_bill_window(seat_host(session, "2026-11-10"),
+                                                 BillTemplate::shipped(tables().bMoneyComesIn ? "receipt" : "payment"),
+                                                 arap::make_object<ScriptedPlugin>());
   ASSERT_TRUE(window->load_bill(7));
   window->type_field("FExplanation", -1, "mine");
   book.database().exec("DELETE FROM t_Task");

@@ -3,7 +3,7 @@
 #include "data/demo.h"
 #include "desk/book_contents.h"
 #include "desk/data/temp_book.h"
-#include "engine/open_window.h"
+#include "engine/bill_window.h"
 #include "services/component.h"
 #include "services/session.h"
 
