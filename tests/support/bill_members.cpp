@@ -96,7 +96,7 @@ void TestBill::enter_text(const Variant& vInfo, const Variant& vText, int nRow) 
   const auto* pInfo = dynamic_cast<const TestFieldInfo*>(vInfo.object().get());
   const Variant vRecord = record_of(pInfo, nRow);
   // What is typed into a look-up is resolved by the host's own list; the rules write the id themselves.
-  if (vRecord.is_nothing() || pInfo->is_look_up()) return;
+  if (!set_text_stores || vRecord.is_nothing() || pInfo->is_look_up()) return;
   auto& oRecord = static_cast<TestDictionary&>(*vRecord.object());
   const Variant vBefore = oRecord.at("FFLD");
   if (same_value(vBefore, vText)) return;

@@ -83,7 +83,8 @@ class TestBill final : public HostObject {
   std::function<bool()> on_save;  // instead of save_succeeds: e.g. fires BeforeSave
   std::function<void(const Ref<Object>& oTool)> on_select;
   bool set_text_fires_change = false;
-  SqlScript sql;  // DataServer.OpenQuery
+  bool set_text_stores = true;  // false: SetText reaches the screen alone
+  SqlScript sql;                // DataServer.OpenQuery
   Ref<TestDictionary> bill_type_info;
   Ref<TestDictionary> bill_map;       // BillMapInfo.Value("Map")
   Ref<TestDictionary> filter_values;  // FilterObject.Filter(key)

@@ -42,6 +42,15 @@ TEST_F(SetBillFieldTest, DifferentNumberIsWrittenAndMarked) {
   EXPECT_EQ(oBill->modified("FAmount"), 1);
 }
 
+TEST_F(SetBillFieldTest, StoredNumberIsReadByItsNumericPrefix) {
+  oBill->head("FAmount", "1,000");
+  Set("FAmount", kHead, 1000);  // 1 before
+  EXPECT_EQ(oBill->value("FAmount").as<std::int32_t>(), 1000);
+  oBill->head("FAmount", "1,000");
+  Set("FAmount", kHead, 1);
+  EXPECT_EQ(oBill->text("FAmount"), "1,000");
+}
+
 TEST_F(SetBillFieldTest, EmptyTextOverZeroIsAChange) {
   oBill->head("FAmount", 0.0);
   Set("FAmount", kHead, "");

@@ -143,6 +143,22 @@ TEST_P(AutoApportion, AmountsRoundHalfAwayFromZeroByTheDecimalsOfTheirCurrency) 
   EXPECT_EQ(settled(), (Settled{{1.13, 0.56}}));
 }
 
+TEST_P(AutoApportion, EachAmountHasTheDecimalsOfItsOwnCurrency) {
+  session.add_currency(2, "X", 7, "*", 3);
+  add_source(2, 0.5, 1.1254);
+  add_source(2, 0.5, 1.1254);
+  apportion(1);
+  EXPECT_EQ(settled(), (Settled{{1.125, 0.56}, {0.875, 0.44}}));
+}
+
+TEST_P(AutoApportion, AtATieNothingIsLeftWhateverTheRateDividesTo) {
+  bill->head("FCurrencyId", 2).head("FExchangeRate", 0.2);
+  // 0.09 times 0.2 is 0.018, and 0.018 by 0.2 isn't 0.09 in a double.
+  add_source(1, 1, 0.018);
+  apportion(0.09);
+  EXPECT_TRUE(boxes().empty());
+}
+
 TEST_P(AutoApportion, AForeignRowUnderAnotherForeignHeadStopsTheCommandFirst) {
   bill->head("FCurrencyId", 2).head("FExchangeRate", 6.0);
   add_source(3, 7, 10, 5);
@@ -202,6 +218,40 @@ TEST_P(AutoApportion, AmountsReachTheCellsInTheOrderOfTheirCase) {
                                                            "BillEvent.SetText(FBillSettleAmountFor, 40, 2)",
                                                        }));
   EXPECT_TRUE(bill->modified("FBillSettleAmount", 2));
+}
+
+TEST_P(AutoApportion, ForeignRowsUnderABaseHeadReachTheCellsForeignFirstThenBaseFirstFromATieOn) {
+  add_source(2, 6, 10);
+  add_source(2, 8, 5);
+  trace().clear();
+  apportion(100);
+  EXPECT_EQ(trace().lines_with("SetText(FBillSettle"), (Lines{
+                                                           "BillEvent.SetText(FBillSettleAmountFor, 10, 1)",
+                                                           "BillEvent.SetText(FBillSettleAmount, 60, 1)",
+                                                           "BillEvent.SetText(FBillSettleAmount, 40, 2)",
+                                                           "BillEvent.SetText(FBillSettleAmountFor, 5, 2)",
+                                                       }));
+}
+
+TEST_P(AutoApportion, BaseRowsUnderAForeignHeadReachTheCellsBaseFirst) {
+  bill->head("FCurrencyId", 2).head("FExchangeRate", 8.0);
+  add_source(1, 1, 400);
+  add_source(1, 1, 600);
+  trace().clear();
+  apportion(100);
+  EXPECT_EQ(trace().lines_with("SetText(FBillSettle"), (Lines{
+                                                           "BillEvent.SetText(FBillSettleAmount, 400, 1)",
+                                                           "BillEvent.SetText(FBillSettleAmountFor, 400, 1)",
+                                                           "BillEvent.SetText(FBillSettleAmount, 400, 2)",
+                                                           "BillEvent.SetText(FBillSettleAmountFor, 400, 2)",
+                                                       }));
+}
+
+TEST_P(AutoApportion, ANegativeIdIsNoSource) {
+  add_source(1, 1, 60, 7);
+  bill->set_value("FInterId", 1, std::int32_t{-3});
+  apportion(100);
+  EXPECT_EQ(settled(), (Settled{{7, 7}}));
 }
 
 TEST_P(AutoApportion, WithNothingLeftOnlyThePaymentSetsTheLockOfTheDiscountAccount) {

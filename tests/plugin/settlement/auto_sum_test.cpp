@@ -122,6 +122,39 @@ TEST_P(AutoSum, ForeignRowsAreRoundedToBaseDecimalsOneByOneOnTheReceiptOnly) {
   EXPECT_DOUBLE_EQ(bill->number("FAmountFor", -1), pick(2.46, 2.468));
 }
 
+TEST_P(AutoSum, BaseAmountsUnderAForeignHeadAreRoundedRowByRow) {
+  bill->head("FCurrencyId", 2).head("FExchangeRate", 6.0);
+  add_source(2, 1, 7.005);
+  add_source(2, 1, 7.005);
+  sum();
+  EXPECT_EQ(bill->number("FAmount", -1), 14.02);
+}
+
+TEST_P(AutoSum, EachAmountHasTheDecimalsOfItsCurrency) {
+  session.add_currency(3, "X", 8, "*", 0);
+  bill->head("FCurrencyId", 3).head("FExchangeRate", 8.0).head("FDiscount", 50.0);
+  add_source(3, 25, 200.25);
+  sum();
+  // 12.5 and 100.125 are halves, and the payment's discount amounts have two decimals in both currencies.
+  EXPECT_EQ(head(), (Amounts{25, 200.25, 13, 100.13, 12, 100.12}));
+}
+
+TEST_P(AutoSum, OverBaseRowsTheSumIsDividedUnroundedAndRoundedToTheHeadsDecimals) {
+  session.add_currency(2, "X", 8, "*", 3);
+  bill->head("FCurrencyId", 2).head("FExchangeRate", 16.0).head("FDiscount", 50.0);
+  add_source(1, 1.16, 1.16);
+  sum();
+  EXPECT_EQ(bill->number("FAmountFor", -1), 0.073);       // 0.0725
+  EXPECT_EQ(bill->number(side.sReceivedFor, -1), 0.036);  // 0.03625, not the half of 0.073
+}
+
+TEST_P(AutoSum, ANegativeIdIsNoSource) {
+  add_source(1, 60, 60);
+  bill->set_value("FInterId", 1, std::int32_t{-3});
+  sum();
+  EXPECT_EQ(boxes(), notice(pick("请至少选择一张需要收款的源单!", "请至少选择一张需要付款的源单!")));
+}
+
 TEST_P(AutoSum, TheRowCurrencyIsTheLastSourceRowsOrThePaymentsFirstRow) {
   // Rows in the head's currency and in base currency pass on the receipt; the payment refuses the mix, so a first row
   // without a source shows which row is read.

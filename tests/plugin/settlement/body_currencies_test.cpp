@@ -64,6 +64,13 @@ TEST_P(BodyCurrencies, ARowWithoutASourceKeepsTheCurrencyOfTheRowBefore) {
   EXPECT_TRUE(test(2).empty());
 }
 
+TEST_P(BodyCurrencies, ARowBehindAGapIsNotReached) {
+  add(2);
+  bill->add_row();
+  add(3);
+  EXPECT_TRUE(test(2).empty());
+}
+
 TEST_P(BodyCurrencies, AFirstRowWithoutASourceLeavesNoFirstCurrency) {
   add(2, 0);
   add(2);

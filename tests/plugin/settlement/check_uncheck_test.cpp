@@ -96,9 +96,11 @@ TEST_P(CheckUncheck, ARefusedSaveEndsTheCheckAndLeavesTheBillAsItWas) {
 }
 
 TEST_P(CheckUncheck, ASavedBillWithoutAnIdIsntChecked) {
-  bill->inter_id = 0;
-  EXPECT_TRUE(bill->click("mnuEditCheck"));
-  EXPECT_EQ(service().count(Member::CheckBill), 0u);
+  for (const std::int32_t nInterID : {0, -1}) {
+    bill->inter_id = nInterID;
+    EXPECT_TRUE(bill->click("mnuEditCheck"));
+    EXPECT_EQ(service().count(Member::CheckBill), 0u) << nInterID;
+  }
 }
 
 TEST_P(CheckUncheck, AnUncheckAsksTheServiceAndShowsTheBillAgainWhateverItAnswers) {

@@ -31,6 +31,7 @@ TEST_P(FieldChanges, AnotherPartnerEmptiesTheBodyAndOnThePaymentTheAmountsToo) {
   begin_edit(side.sPartner);
   change(side.sPartner, std::int32_t{8});
   EXPECT_EQ(bill->row_count(), 0);
+  EXPECT_EQ(trace().lines_with(".Visible = ").size(), 2u);  // the refund columns follow the type
   EXPECT_EQ(bill->number("FAmountFor"), receive() ? 50 : 0);
 }
 
@@ -100,6 +101,17 @@ TEST_P(FieldChanges, AnotherTypeEmptiesTheBodyAndTheHead) {
   EXPECT_TRUE(bill->visible("FFKDBillNo"));
 }
 
+TEST_P(FieldChanges, AnotherTypeSetsTheSourceCommandsAndTheRateByItselfAndWithWhatDependsOnIt) {
+  change(side.sType, side.nRefundType);
+  EXPECT_EQ(trace().count("mnuFileNeedFilter.Enabled = True"), 2u);
+  EXPECT_EQ(trace().count("LockCell(FExchangeRate, -1, True)"), 2u);
+}
+
+TEST_P(FieldChanges, TheTypeOfABillThatIsntStoredAsksForNoPush) {
+  change(side.sType, side.nRefundType);
+  EXPECT_EQ(session.server("NUVMARAPPush.clsPush").count(Member::GetBillTypeID), 0u);
+}
+
 TEST_P(FieldChanges, TheTypeOfAStoredBillAsksForThePush) {
   bill->head("FBillID", std::int32_t{5});
   change(side.sType, side.nRefundType);
@@ -151,6 +163,19 @@ TEST_P(FieldChanges, ANewCurrencyWritesItsRateThenItsDecimalsThenTheRows) {
             aExpected);
 }
 
+TEST_P(FieldChanges, RatesAndRowAmountsAreStoredAndNotOnlyShown) {
+  bill->runs_actions = false;
+  bill->set_text_stores = false;
+  bill->set_value("FBillSettleAmountFor", 1, 10.0);
+  change("FCurrencyID", std::int32_t{2});
+  EXPECT_EQ(bill->number("FExchangeRate"), 7);
+  EXPECT_EQ(bill->number("FEntryExchangeRate", 1), 7);
+  bill->set_value("FBillSettleAmount", 1, 0.0);
+  change("FExchangeRate", 6.5);
+  EXPECT_EQ(bill->number("FEntryExchangeRate", 1), 6.5);
+  EXPECT_EQ(bill->number("FBillSettleAmount", 1), 65);
+}
+
 TEST_P(FieldChanges, OnlyTheReceiptReadsTheNameOfTheNewCurrency) {
   trace().set_detail(Trace::Detail::All);
   change("FCurrencyID", std::int32_t{2});
@@ -199,6 +224,17 @@ TEST_P(FieldChanges, EqualAmountsEmptyTheDiscountAccountAsOneHundredPerCentDoes)
     bill->head("FDiscountAcctId", std::int32_t{55});
     change(sKey, 40.0);
     EXPECT_EQ(bill->number("FDiscountAcctId"), 55) << sKey;
+  }
+}
+
+TEST_P(FieldChanges, TheActionOfAChangedAmountDoesNotMarkIt) {
+  for (const char* sKey : {side.sReceivedFor, "FAmountFor"}) {
+    bill->runs_actions = false;
+    TestDictionary& record = bill->record(sKey);
+    record.set("FModify", 0);
+    bill->fire_cancelable(Event::Change, {Ref<Object>(bill->info(sKey)), Ref<Object>(&record), 1, -1});
+    EXPECT_TRUE(trace().has("DoAction(" + std::string(sKey))) << sKey;
+    EXPECT_EQ(bill->modified(sKey), 0) << sKey;
   }
 }
 

@@ -107,6 +107,19 @@ TEST_P(HeadLocks, ClearingTheHeadKeepsTheDiscountInHeadCurrency) {
   EXPECT_EQ(trace().count("SetText(FDiscountAmount,"), 2u);
 }
 
+TEST_P(HeadLocks, ClearedAmountsAreStoredAndNotOnlyShown) {
+  bill->runs_actions = false;
+  bill->set_text_stores = false;
+  set_amounts(*bill, GetParam(), 50, 40);
+  choose_type(side.nOrdinaryType);
+  for (const char* sKey : {"FAmountFor", "FAmount", side.sReceivedFor, side.sReceived, "FDiscountAmount"}) {
+    EXPECT_EQ(bill->number(sKey), 0) << sKey;
+    EXPECT_EQ(bill->shown(sKey), "0") << sKey;
+  }
+  EXPECT_EQ(bill->number("FDiscount"), 100);
+  EXPECT_EQ(bill->shown("FDiscount"), "100");
+}
+
 TEST_P(HeadLocks, OnlyTheReceiptStartsOverByColour) {
   bill->bar->tool("mnuEdit", "mnuEditBlueBill").set(Member::Checked, true);
   bill->bar->tool("mnuEdit", "mnuEditRedBill").set(Member::Checked, false);

@@ -106,6 +106,9 @@ TEST_P(LoadBill, ABillOpenedToBeReadIsReadOnlyToo) {
   bill->edit_mode = 0;
   load();
   EXPECT_EQ(enabled("mnuFileNew"), false);
+  // The locks by status switch the two commands on only where the bill is edited.
+  EXPECT_FALSE(trace().has("mnuDataAutoSumAmt.Enabled = True"));
+  EXPECT_FALSE(trace().has("mnuDataAutoPartAmt.Enabled = True"));
 }
 
 TEST_P(LoadBill, AnAdvanceHasNoSourcesAndNoDiscount) {
@@ -115,6 +118,23 @@ TEST_P(LoadBill, AnAdvanceHasNoSourcesAndNoDiscount) {
   for (const char* sKey : {side.sSourceNo, "FBillSettleAmountFor", side.sReceivedFor, "FDiscount"}) {
     EXPECT_TRUE(locked(sKey)) << sKey;
   }
+}
+
+TEST_P(LoadBill, AnAdvanceThatCanBeEditedIsLockedBeforeAndAfterItsHeadIsFreed) {
+  use_type(side.nAdvanceType);
+  for (const bool bHeld : {true, false}) {
+    bill->mutex_success = bHeld;
+    load();
+    for (const char* sKey : {side.sSourceNo, "FBillSettleAmountFor", side.sReceivedFor, "FDiscount"}) {
+      EXPECT_EQ(trace().count("LockCell(" + std::string(sKey) + ", -1, True)"), bHeld ? 2u : 1u) << sKey;
+    }
+  }
+}
+
+TEST_P(LoadBill, FormulasRunAgainOnceTheBillIsLoaded) {
+  load();
+  bill->change("FCurrencyID", -1, std::int32_t{2});
+  EXPECT_EQ(trace().lines_with("DoAction(").size(), 3u);
 }
 
 TEST_P(LoadBill, ALoadRunsNoFormula) {
@@ -136,8 +156,10 @@ TEST_P(LoadBill, APushedBillCannotBeCheckedHereAndKeepsItsPartner) {
   load();
   EXPECT_TRUE(bill->screen_field_locked(side.sPartner));
   EXPECT_FALSE(bill->screen_field_locked(side.sType));
-  EXPECT_EQ(visible("mnuEditCheck"), false);
-  EXPECT_EQ(visible("mnuEditUnCheck"), false);
+  for (const char* sTool : {"mnuEditCheck", "mnuEditUnCheck"}) {
+    EXPECT_EQ(enabled(sTool), false) << sTool;
+    EXPECT_EQ(visible(sTool), false) << sTool;
+  }
   const std::vector<Variant> args = session.server("NUVMARAPPush.clsPush").last(Member::GetBillTypeID);
   ASSERT_EQ(args.size(), 3u);
   EXPECT_EQ(plain_text(args[1]), side.sBillTable);
@@ -207,6 +229,15 @@ TEST_P(LoadBill, TheRowsPartnerIsLockedWhileTheHeadHasNone) {
   bill->head(side.sPartner, std::int32_t{0});
   load();
   EXPECT_TRUE(bill->cell_locked(side.sRowPartner, 1));
+}
+
+TEST_P(LoadBill, TheRowsPartnerIsLockedInUnusedRowsToo) {
+  add_source_row(*bill, GetParam(), {.sNumber = ""});
+  add_source_row(*bill, GetParam());
+  bill->head(side.sPartner, std::int32_t{0});
+  load();
+  const std::string sLock = "BillEvent.LockRowCell(" + std::string(side.sRowPartner);
+  EXPECT_EQ(trace().lines_with("LockRowCell("), (Lines{sLock + ", 1, True)", sLock + ", 2, True)"}));
 }
 
 TEST_P(LoadBill, TheRowsPartnerIsFreeOnceTheHeadHasOne) {

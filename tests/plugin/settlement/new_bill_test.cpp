@@ -30,6 +30,15 @@ TEST_P(NewBill, WithoutTheEditLockTheBarStaysAsItIs) {
   EXPECT_EQ(bill->bar_status("mnuCaculate", "Enabled"), std::nullopt);
 }
 
+TEST_P(NewBill, OnlyTheModeOfANewBillSetsTheBar) {
+  for (const std::int32_t nMode : {0, 2}) {
+    bill->edit_mode = nMode;
+    open();
+    EXPECT_EQ(bill->bar_status("mnuEditCheck", "Visible"), std::nullopt) << nMode;
+    EXPECT_EQ(bill->bar_status("mnuCaculate", "Enabled"), std::nullopt) << nMode;
+  }
+}
+
 TEST_P(NewBill, StartsInBaseCurrencyWithAmountsOfZeroAndNoDiscount) {
   use_currency(2);
   set_amounts(*bill, GetParam(), 50, 40);

@@ -67,11 +67,42 @@ TEST_P(RedBlue, TheRateIsLockedByTheHeadCurrency) {
   EXPECT_TRUE(bill->cell_locked("FExchangeRate"));
 }
 
+TEST_P(RedBlue, TheRateIsLockedAtEachStep) {
+  bill->click("mnuEditRedBill");
+  EXPECT_EQ(trace().count("LockCell(FExchangeRate"), 3u);
+  trace().clear();
+  bill->click("mnuEditBlueBill");
+  EXPECT_EQ(trace().count("LockCell(FExchangeRate"), 2u);
+}
+
+TEST_P(RedBlue, ThePressedToolIsCheckedToo) {
+  for (const char* sTool : {"mnuEditRedBill", "mnuEditBlueBill"}) {
+    const auto oPressed = make_object<TestTool>(sTool);
+    bill->fire_cancelable(Event::MenuBarClick, {oPressed});
+    EXPECT_TRUE(oPressed->checked()) << sTool;
+  }
+}
+
+TEST_P(RedBlue, BothColoursSwitchTheRowCommandsOff) {
+  for (const char* sTool : {"mnuEditRedBill", "mnuEditBlueBill"}) {
+    trace().clear();
+    bill->click(sTool);
+    EXPECT_EQ(trace().lines_with_any({"mnuEditDelRow", "mnuEditAddRow"}),
+              (Lines{"BillEvent.SetBarStatus(\"mnuEditDelRow\", \"Enabled\", False)",
+                     "BillEvent.SetBarStatus(\"mnuEditAddRow\", \"Enabled\", False)"}))
+        << sTool;
+  }
+}
+
 TEST_P(RedBlue, OnlyTheRedBillResetsTheOlderSources) {
+  for (const char* sItem : {"mnuSelectBill_1000002", "mnuSelectBill_1000005"}) {
+    bill->bar->tool("mnuSelectBill", sItem).set(Member::Checked, true);
+  }
   bill->click("mnuEditRedBill");
   EXPECT_FALSE(bill->bar->tool("mnuSelectBill", "mnuSelectBill_1000005").enabled());
   EXPECT_TRUE(bill->bar->tool("mnuSelectBill", "mnuSelectBill_1000000").checked());
   EXPECT_FALSE(bill->bar->tool("mnuSelectBill", "mnuSelectBill_1000002").checked());
+  EXPECT_FALSE(bill->bar->tool("mnuSelectBill", "mnuSelectBill_1000005").checked());
   bill->bar->tool("mnuSelectBill", "mnuSelectBill_1000005").set(Member::Enabled, true);
   bill->click("mnuEditBlueBill");
   EXPECT_TRUE(bill->bar->tool("mnuSelectBill", "mnuSelectBill_1000005").enabled());

@@ -114,10 +114,24 @@ TEST_P(SaveLadder, AFailingStatementOfTheSettlementFieldsIsNotTold) {
   EXPECT_TRUE(bill->not_save);
 }
 
-TEST_P(SaveLadder, ABillOpenedForModifyingIsNotTestedByItsPeriod) {
+TEST_P(SaveLadder, OnlyABillOpenedForModifyingIsNotTestedByItsPeriod) {
   make_good_bill();
   bill->head("FDate", "2023-12-31");
+  for (const std::int32_t nMode : {0, 1}) {
+    bill->edit_mode = nMode;
+    EXPECT_TRUE(bill->save()) << nMode;
+    EXPECT_EQ(message(), "不能保存业务系统当前使用期间之前的单据,请修改单据日期。");
+  }
   bill->edit_mode = 2;
+  EXPECT_FALSE(bill->save());
+}
+
+TEST_P(SaveLadder, ANegativeDiscountAmountNeedsItsAccountToo) {
+  make_good_bill();
+  bill->head("FDiscountAmount", -5.0);
+  EXPECT_TRUE(bill->save());
+  EXPECT_EQ(message(), "有折扣金额,请输入折扣科目!");
+  bill->head("FDiscountAcctId", std::int32_t{55});
   EXPECT_FALSE(bill->save());
 }
 

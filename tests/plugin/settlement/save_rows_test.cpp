@@ -46,6 +46,14 @@ TEST_P(SaveRows, ADeletedSourceIsToldBeforeAllElseOfItsRow) {
 TEST_P(SaveRows, ARowWithoutASourceIsSkippedWhole) {
   add({.nInterID = 1, .dOpenFor = 60, .dSettleFor = 60});
   add({.nInterID = 0, .dOpenFor = 1, .dSettleFor = 999});
+  add({.nInterID = -2, .dOpenFor = 1, .dSettleFor = 999});
+  set_amounts(*bill, GetParam(), 60, 60);
+  expect_saved();
+}
+
+TEST_P(SaveRows, RowsBehindAGapAreTestedAndSummed) {
+  add({.sNumber = "", .nInterID = 0});
+  add({.nInterID = 1, .dOpenFor = 60, .dSettleFor = 60});
   set_amounts(*bill, GetParam(), 60, 60);
   expect_saved();
 }
@@ -172,6 +180,16 @@ TEST_P(SaveRows, AForeignRowOfAThirdCurrencyIsRefusedWhereTheFirstTestLetItPass)
   EXPECT_TRUE(bill->save());
   EXPECT_EQ(message(), pick("收款单不支持多币别核算,第2行币别与收款单不是同一外币币别，不允许保存。",
                             "只能对同一种币别付款,请重新设置!"));
+}
+
+TEST_P(SaveRows, ARowWithoutACurrencyMixesWithAny) {
+  for (const std::int32_t nFirst : {0, 2}) {
+    bill->remove_rows();
+    add({.nInterID = 1, .dOpenFor = 10, .dSettleFor = 10, .nCurrencyID = nFirst, .dRate = 7});
+    add({.nInterID = 2, .dOpenFor = 10, .dSettleFor = 10, .nCurrencyID = 2 - nFirst, .dRate = 7});
+    set_amounts(*bill, GetParam(), 140, 140);
+    expect_saved();
+  }
 }
 
 TEST_P(SaveRows, EachSideTellsARowOfAThirdCurrencyInItsOwnWords) {

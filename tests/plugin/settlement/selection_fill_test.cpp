@@ -42,6 +42,13 @@ TEST_P(SelectionFill, TheWholeOpenAmountIsOfferedAtTwoDecimalsToTheEvenDigit) {
   EXPECT_EQ(bill->number("FBillSettleAmountFor", 2), 10.14);
 }
 
+TEST_P(SelectionFill, TheBaseAmountIsOfTheOpenAmountAsItStandsUnrounded) {
+  add_source(2, 8, 0.125);
+  fill();
+  EXPECT_EQ(bill->number("FBillSettleAmountFor", 1), 0.12);
+  EXPECT_EQ(bill->number("FBillSettleAmount", 1), 1);
+}
+
 TEST_P(SelectionFill, ARowInTheHeadsCurrencyTakesTheHeadsRate) {
   bill->head("FCurrencyID", 2).head("FExchangeRate", 6.5);
   add_source(2, 6.1, 100);
@@ -82,6 +89,20 @@ TEST_P(SelectionFill, ARowWithoutASourceIsPassedOver) {
   fill();
   EXPECT_EQ(bill->number("FBillSettleAmountFor", 1), 0);
   EXPECT_EQ(bill->text(side.sSourceNo, 1), "");
+  EXPECT_EQ(bill->number("FBillSettleAmountFor", 2), 20);
+}
+
+TEST_P(SelectionFill, OnlyAnIdOfZeroIsNoSource) {
+  add_source(1, 1, 20);
+  bill->set_value("FInterID", 1, std::int32_t{-3});
+  fill();
+  EXPECT_EQ(bill->number("FBillSettleAmountFor", 1), 20);
+}
+
+TEST_P(SelectionFill, RowsBehindAGapAreFilledToo) {
+  bill->add_row();
+  add_source(1, 1, 20);
+  fill();
   EXPECT_EQ(bill->number("FBillSettleAmountFor", 2), 20);
 }
 
