@@ -8,6 +8,13 @@
 /// The only way in which handlers read and write bill fields. A row number is 1-based; -1 is the head.
 namespace arap {
 
+/// How a row of an other bill reaches its view of money, receivable and payable. For statements of others: no rule of
+/// this module issues them.
+inline constexpr std::string_view T_RP_ROTHERBILL =
+    " LEFT JOIN vw_BillRPMoney vrp ON t_RP_ROtherBill.FBillID=vrp.FInterID AND vrp.FTranType=1000205 ";
+inline constexpr std::string_view T_RP_POTHERBILL =
+    " LEFT JOIN vw_BillRPMoney vrp ON t_RP_POtherBill.FBillID=vrp.FInterID AND vrp.FTranType=1000206 ";
+
 /// The value of a field record under vProp (nearly always FFLD); vDefault when there is no such record or key. The
 /// value is not converted: a caller takes NumberOf or Concat of it.
 Variant GetBillField(const BillEvent& oBill, const Variant& vKey, std::int32_t nRow, const Variant& vProp = "FFLD"_key,

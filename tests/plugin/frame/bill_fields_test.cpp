@@ -172,6 +172,13 @@ TEST_F(BillFieldsTest, GridBlockIsLockedAsOneBlock) {
                                       "Grid.Col2 = 4", "Grid.Lock = True", "Grid.BlockMode = False"}));
 }
 
+TEST_F(BillFieldsTest, TheJoinsOfTheOtherBillsReachTheirViewOfMoney) {
+  EXPECT_EQ(T_RP_ROTHERBILL,
+            " LEFT JOIN vw_BillRPMoney vrp ON t_RP_ROtherBill.FBillID=vrp.FInterID AND vrp.FTranType=1000205 ");
+  EXPECT_EQ(T_RP_POTHERBILL,
+            " LEFT JOIN vw_BillRPMoney vrp ON t_RP_POtherBill.FBillID=vrp.FInterID AND vrp.FTranType=1000206 ");
+}
+
 TEST_F(BillFieldsTest, VectorIsSearchedFromItsFirstItem) {
   const Vector oVector(Ref<Object>(make_object<TestVector>(std::vector<Variant>{"a", 7, 7, "b"})));
   std::int32_t nIndex = -1;
