@@ -2,11 +2,17 @@
 
 #include <array>
 
+#include "frame/conversions.h"
 #include "frame/failure.h"
+#include "frame/text_utils.h"
+#include "lists/bar_templates.h"
 
 namespace arap {
 
 namespace {
+
+/// ShowMode of a list that serves a selection.
+constexpr std::int32_t kSelectionMode = 3;
 
 /// Tools of one band; the bar's own when the band is "".
 struct BandTool {
@@ -58,6 +64,24 @@ void TrimListBar(const ActiveBar& oBar, ViewCommand view) {
   for (const Key sTool : kFormatTools) ResumeNext([&] { oBar.Tools(sTool).SetEnabled(false); });
   for (const Key sTool : kFormatTools) ResumeNext([&] { oBar.Tools(sTool).SetVisible(false); });
   ResumeNext([&] { oBar.RecalcLayout(); });
+}
+
+void TakeTemplateTool(const ActiveBar& oBar, Key sTool, std::string_view sCaption, std::string_view sDescription) {
+  ResumeNext([&] { AddTemplateTool(oBar, LoadedFrmBar().abReport.Tools(sTool)); });
+  ResumeNext([&] { oBar.Tools(sTool).SetCaption(LoadText(sCaption)); });
+  ResumeNext([&] { oBar.Tools(sTool).SetDescription(LoadText(sDescription)); });
+}
+
+bool Answers(const ListEvents& oList, Member member) {
+  bool bTrue = false;
+  ResumeNext([&] { bTrue = ToBoolean(oList.ListForm().object()->get(member)); });
+  return bTrue;
+}
+
+bool ServesSelection(const ListEvents& oList) {
+  std::int32_t nShowMode = 0;
+  ResumeNext([&] { nShowMode = LongOf(oList.ListForm().object()->get(Member::ShowMode)); });
+  return nShowMode == kSelectionMode;
 }
 
 }  // namespace arap

@@ -1,7 +1,7 @@
 #include "frame/bar_state.h"
 #include "frame/failure.h"
 #include "frame/text_utils.h"
-#include "lists/bar_templates.h"
+#include "lists/list_bar.h"
 #include "otherbills/other_bill.h"
 
 /// The list's bar. Resume next: a statement on a tool or band that the bar lacks is skipped.
@@ -9,29 +9,25 @@ namespace arap {
 
 namespace {
 
-/// ShowMode of a list that serves a selection.
-constexpr std::int32_t kSelectionMode = 3;
 /// Where Check and UnCheck stand in the menus.
 constexpr std::int32_t kCheckPlace = 4;
 constexpr std::int32_t kUncheckPlace = 5;
 
-void TakeTemplateTool(const ActiveBar& oBar, Key sTool, std::string_view sCaption, std::string_view sDescription) {
-  ResumeNext([&] { AddTemplateTool(oBar, LoadedFrmBar().abReport.Tools(sTool)); });
-  ResumeNext([&] { oBar.Tools(sTool).SetCaption(LoadText(sCaption)); });
-  ResumeNext([&] { oBar.Tools(sTool).SetDescription(LoadText(sDescription)); });
+void AddToolbarTool(const ActiveBar& oBar, Key sTool, std::string_view sCaption, std::string_view sDescription) {
+  TakeTemplateTool(oBar, sTool, sCaption, sDescription);
   ResumeNext([&] { oBar.Bands("BandToolBar"_key).Tools().Place(sTool); });
 }
 
 void AddListTools(const ActiveBar& oBar) {
-  TakeTemplateTool(oBar, "Check"_key, "审核", "审核");
-  TakeTemplateTool(oBar, "UnCheck"_key, "反审核", "反审");
+  AddToolbarTool(oBar, "Check"_key, "审核", "审核");
+  AddToolbarTool(oBar, "UnCheck"_key, "反审核", "反审");
   for (const Key sBand : {"mnuEdit"_key, "mnuPop"_key}) {
     ResumeNext([&] { oBar.Bands(sBand).Tools().Insert(kCheckPlace, "Check"_key); });
     ResumeNext([&] { oBar.Bands(sBand).Tools().Insert(kUncheckPlace, "UnCheck"_key); });
     ResumeNext([&] { oBar.Bands(sBand).Tools("Check"_key).SetBeginGroup(true); });
     HideBandTools(oBar, sBand, {"mnuEditCopyEntry"_key});
   }
-  TakeTemplateTool(oBar, "Voucher"_key, "凭证", "凭证");
+  AddToolbarTool(oBar, "Voucher"_key, "凭证", "凭证");
 }
 
 /// Commands of the host that these lists don't have.
@@ -42,23 +38,10 @@ void HideHostCommands(const ActiveBar& oBar) {
   HideBandTools(oBar, "menu"_key, {"mnuPushBill"_key});
 }
 
-/// Asks the list window; a window that lacks the answer counts as one that says no.
-bool IsTrue(const ListEvents& oList, Member member) {
-  bool bTrue = false;
-  ResumeNext([&] { bTrue = ToBoolean(oList.ListForm().object()->get(member)); });
-  return bTrue;
-}
-
-bool ServesSelection(const ListEvents& oList) {
-  std::int32_t nShowMode = 0;
-  ResumeNext([&] { nShowMode = LongOf(oList.ListForm().object()->get(Member::ShowMode)); });
-  return nShowMode == kSelectionMode;
-}
-
 /// In multi-check mode the host checks by levels of its own.
 bool ChecksByLevels(const ListEvents& oList) {
-  const bool bExists = IsTrue(oList, Member::ExistMultiCheck);
-  return IsTrue(oList, Member::IsRun) && bExists;
+  const bool bExists = Answers(oList, Member::ExistMultiCheck);
+  return Answers(oList, Member::IsRun) && bExists;
 }
 
 }  // namespace

@@ -3,7 +3,7 @@
 #include "frame/bar_state.h"
 #include "frame/failure.h"
 #include "frame/text_utils.h"
-#include "lists/bar_templates.h"
+#include "lists/list_bar.h"
 #include "settlement/settlement_bill.h"
 
 /// The list's bar. Resume next: a statement on a tool or band that the bar lacks is skipped.
@@ -11,18 +11,10 @@ namespace arap {
 
 namespace {
 
-/// ShowMode of a list that serves a selection.
-constexpr std::int32_t kSelectionMode = 3;
 /// Where the new tools stand on the toolbar and in the menus.
 constexpr std::int32_t kToolbarPlace = 11;
 constexpr std::int32_t kCheckPlace = 4;
 constexpr std::int32_t kUncheckPlace = 5;
-
-void TakeTemplateTool(const ActiveBar& oBar, Key sTool, std::string_view sCaption, std::string_view sDescription) {
-  ResumeNext([&] { AddTemplateTool(oBar, LoadedFrmBar().abReport.Tools(sTool)); });
-  ResumeNext([&] { oBar.Tools(sTool).SetCaption(LoadText(sCaption)); });
-  ResumeNext([&] { oBar.Tools(sTool).SetDescription(LoadText(sDescription)); });
-}
 
 void InsertTool(const ActiveBar& oBar, Key sBand, std::int32_t nPlace, Key sTool) {
   ResumeNext([&] { oBar.Bands(sBand).Tools().Insert(nPlace, sTool); });
@@ -52,19 +44,6 @@ void HideHostCommands(const ActiveBar& oBar) {
   HideBandTools(oBar, "mnuPop"_key, {"mnuEditCopyEntry"_key});
   HideBandTools(oBar, "mnuView"_key, {"mnuViewToolBar"_key, "mnuViewToolCaption"_key});
   HideBandTools(oBar, "menu"_key, {"mnuPushBill"_key});
-}
-
-/// A window that lacks an answer counts as one that says no.
-bool Answers(const ListEvents& oList, Member member) {
-  bool bTrue = false;
-  ResumeNext([&] { bTrue = ToBoolean(oList.ListForm().object()->get(member)); });
-  return bTrue;
-}
-
-bool ServesSelection(const ListEvents& oList) {
-  std::int32_t nShowMode = 0;
-  ResumeNext([&] { nShowMode = LongOf(oList.ListForm().object()->get(Member::ShowMode)); });
-  return nShowMode == kSelectionMode;
 }
 
 /// Several-level checking: the host checks with commands of its own.
