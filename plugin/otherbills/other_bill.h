@@ -101,7 +101,7 @@ class OtherBill : public ListedBillClass {
   /// The test chain; false after the first refusal, which has shown its message.
   bool PassesSaveTests();
   bool NumberIsFree() const;
-  bool PassesBodyTests(SaveRows& rows);
+  bool PassesBodyTests(SaveRows& rows, std::int32_t nAcct);
   /// True when one of the types (ids separated by commas) has the account.
   static bool HasAccount(const std::string& sTypes, std::int32_t nAcct);
   void WriteHeadTotals(const SaveRows& rows);

@@ -32,8 +32,9 @@ bool OtherBill::PassesSaveTests() {
   if (!CheckBillDate(Bill())) return false;
   if (!NumberIsFree()) return Refuse(side_.sNumberTaken);
   if (IsCreditBill() && HeadNumber(side_.sPartner) == 0) return Refuse(side_.sPartnerMissing);
+  const std::int32_t nAcct = HeadLong("FAcctId"_key);
   SaveRows rows(*this);
-  if (!PassesBodyTests(rows)) return false;
+  if (!PassesBodyTests(rows, nAcct)) return false;
   WriteHeadTotals(rows);
   if (!PassesCreditLimit()) return false;
   // No test stands behind this line.
@@ -51,10 +52,10 @@ bool OtherBill::NumberIsFree() const {
   return rsBills.Eof() || rsBills.RecordCount() <= 0;
 }
 
-bool OtherBill::PassesBodyTests(SaveRows& rows) {
+bool OtherBill::PassesBodyTests(SaveRows& rows, std::int32_t nAcct) {
   if (!rows.Pass()) return false;
   if (rows.Types().empty()) return Refuse("单据体要求至少有一条分录，请输入单据体信息！");
-  if (HasAccount(rows.Types(), HeadLong("FAcctId"_key))) return Refuse(side_.sSameAccount);
+  if (HasAccount(rows.Types(), nAcct)) return Refuse(side_.sSameAccount);
   if (rows.SumFor() == 0) return Refuse(side_.sSumZero);
   return true;
 }
