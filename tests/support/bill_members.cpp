@@ -135,8 +135,10 @@ Variant TestBill::handle_window(Member member, Arguments args) {
     case Member::SetStatusPanel: panels_[row_of(argument(args, 0))] = plain_text(argument(args, 1)); return {};
     case Member::ShowBillByID: shown_bills.push_back(row_of(argument(args, 0))); return {};
     case Member::SetBatchFlag:
-    case Member::BarRefresh:
-    case Member::ReloadAfterCheck: return {};
+    case Member::BarRefresh: return {};
+    case Member::ReloadAfterCheck:
+      if (on_reload) on_reload();
+      return {};
     default: no_such_member(member);
   }
 }

@@ -9,17 +9,24 @@
 
 #include "support/trace.h"
 
+/// Approved traces: one file a trace, under plugin/<sRoom>/golden.
 namespace arap::testing {
 
-/// Compares the trace with the approved one under plugin/<sRoom>/golden; with ARAP_APPROVE set it becomes the approved
-/// one.
-inline void ExpectGolden(const std::string& sRoom, const std::string& sName) {
-  const std::string sPath = std::string(TEST_DATA_DIR) + "/plugin/" + sRoom + "/golden/" + sName + ".txt";
-  if (std::getenv("ARAP_APPROVE") != nullptr) std::ofstream(sPath) << trace().text();
-  std::ifstream file(sPath, std::ios::binary);
+inline std::string GoldenPath(const std::string& sRoom, const std::string& sName) {
+  return std::string(TEST_DATA_DIR) + "/plugin/" + sRoom + "/golden/" + sName + ".txt";
+}
+
+inline std::string ReadGolden(const std::string& sRoom, const std::string& sName) {
+  std::ifstream file(GoldenPath(sRoom, sName), std::ios::binary);
   std::stringstream text;
   text << file.rdbuf();
-  EXPECT_EQ(trace().text(), text.str()) << sPath;
+  return text.str();
+}
+
+/// Compares the trace with the approved one; with ARAP_APPROVE set it becomes the approved one.
+inline void ExpectGolden(const std::string& sRoom, const std::string& sName) {
+  if (std::getenv("ARAP_APPROVE") != nullptr) std::ofstream(GoldenPath(sRoom, sName)) << trace().text();
+  EXPECT_EQ(trace().text(), ReadGolden(sRoom, sName)) << GoldenPath(sRoom, sName);
 }
 
 }  // namespace arap::testing

@@ -80,7 +80,8 @@ class TestBill final : public HostObject {
   std::int32_t bill_status = 1;
   bool mutex_success = true;
   bool save_succeeds = true;
-  std::function<bool()> on_save;  // instead of save_succeeds: e.g. fires BeforeSave
+  std::function<bool()> on_save;    // instead of save_succeeds: e.g. fires BeforeSave
+  std::function<void()> on_reload;  // ReloadAfterCheck: e.g. fires AfterLoadBill
   std::function<void(const Ref<Object>& oTool)> on_select;
   bool set_text_fires_change = false;
   bool set_text_stores = true;  // false: SetText reaches the screen alone

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "frame/plugin_entry.h"
+#include "support/boxes.h"
 #include "support/golden.h"
 #include "support/test_session.h"
 #include "support/test_windows.h"
@@ -57,23 +58,8 @@ class TypeWorld {
 class TypeTest : public ::testing::Test, protected TypeWorld {
  protected:
   using Lines = std::vector<std::string>;
-  struct Box {
-    std::string sText;
-    int nButtons = 64;
-    std::string sTitle = "青柚提示";
-    friend bool operator==(const Box&, const Box&) = default;
-  };
 
-  std::vector<Box> boxes() const {
-    std::vector<Box> aBoxes;
-    for (const auto& message : session.platform.messages) {
-      aBoxes.push_back({message.sText, message.nButtons, message.sTitle});
-    }
-    return aBoxes;
-  }
-  static std::vector<Box> box(std::string sText, int nButtons = 64, std::string sTitle = "青柚提示") {
-    return {{std::move(sText), nButtons, std::move(sTitle)}};
-  }
+  std::vector<Box> boxes() const { return boxes_of(session.platform); }
 };
 
 inline void PrintTo(const std::pair<const char*, const char*>& tool, std::ostream* pStream) {

@@ -1,4 +1,5 @@
 #include "plugin/inouttypes/type_fixture.h"
+#include "support/case_name.h"
 
 namespace arap::testing {
 namespace {
@@ -179,12 +180,14 @@ struct BranchCase {
   const char* sFilter;
   std::int32_t nBranch;
 };
+void PrintTo(const BranchCase& example, std::ostream* pStream) { *pStream << example.sFilter; }
 class TypeSaveBranch : public TypeSave, public ::testing::WithParamInterface<BranchCase> {};
 INSTANTIATE_TEST_SUITE_P(Filters, TypeSaveBranch,
                          ::testing::Values(BranchCase{"FRootID=2 And FX=1", 2}, BranchCase{"FRootID= 1 AND F=2", 1},
                                            BranchCase{"FRootID=A", 0}, BranchCase{"3 And F=4 And", 4},
                                            BranchCase{"7A", 7}, BranchCase{"F=12AND", 12}, BranchCase{"F='2' And", 0},
-                                           BranchCase{"F=1 and F=2 And", 1}));
+                                           BranchCase{"F=1 and F=2 And", 1}),
+                         [](const auto& test) { return case_name(test.index, test.param.sFilter); });
 
 TEST_P(TypeSaveBranch, IsTheNumberBehindTheFirstEqualSignBeforeTheFirstA) {
   branch(GetParam().sFilter);

@@ -138,11 +138,13 @@ struct ClassCase {
   std::int32_t nClass;
   const char* sTable;
 };
+void PrintTo(const ClassCase& example, std::ostream* pStream) { *pStream << example.nClass; }
 class InvoiceClass : public ::testing::TestWithParam<ClassCase> {};
 INSTANTIATE_TEST_SUITE_P(Classes, InvoiceClass,
                          ::testing::Values(ClassCase{1000000, "ICSale"}, ClassCase{1000002, "ICSale"},
                                            ClassCase{1000003, "ICPurchase"}, ClassCase{1000004, "ICPurchase"},
-                                           ClassCase{1000001, ""}, ClassCase{1000005, ""}, ClassCase{0, ""}));
+                                           ClassCase{1000001, ""}, ClassCase{1000005, ""}, ClassCase{0, ""}),
+                         [](const auto& test) { return std::to_string(test.param.nClass); });
 
 TEST_P(InvoiceClass, SaysInWhichTableItsBillsAre) {
   InvoiceWorld world(GetParam().nClass);

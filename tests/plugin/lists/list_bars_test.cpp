@@ -16,6 +16,7 @@ struct ListCase {
   const char* sGolden;
   std::vector<Place> aHidden;
 };
+void PrintTo(const ListCase& example, std::ostream* pStream) { *pStream << example.sClass; }
 
 const std::vector<Place> kFormat{
     {"", "mnuFormatRowHeight"},       {"", "mnuFormatFont"},  {"", "mnuFormatOpt"},
@@ -142,7 +143,8 @@ TEST_P(ListBars, EveryHostCallMayFail) {
 
 class OpeningBalances : public ListBars {};
 INSTANTIATE_TEST_SUITE_P(, OpeningBalances,
-                         ::testing::Values(ListCase{"clsRPInitial", "opening_balances_bar", of_opening_balances()}));
+                         ::testing::Values(ListCase{"clsRPInitial", "opening_balances_bar", of_opening_balances()}),
+                         [](const auto& test) { return std::string(test.param.sClass); });
 
 TEST_P(OpeningBalances, TheLastTwoGoAfterTheLayoutWasComputed) {
   set_up();

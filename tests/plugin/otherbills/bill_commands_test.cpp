@@ -9,10 +9,6 @@ class OtherCommands : public OtherBillTest {
     bill->inter_id = 9;
     trace().clear();
   }
-  void voucher_is(Variant vVoucherID) {
-    session.commands.answer("select FVoucherID", recordset({"FVoucherID"}, {{std::move(vVoucherID)}}));
-  }
-  ServerStub& editor() { return session.server("NUVMVEdit.MVoucherEdit"); }
 };
 INSTANTIATE_OTHER_SIDES(OtherCommands);
 
@@ -61,59 +57,6 @@ TEST_P(OtherCommands, AnUnreadableBillNumberReachesTheHostWhateverTheCommand) {
   trace().fail_at(1);
   EXPECT_THROW(bill->events.fire(Event::MenuBarClick, aArgs), AutomationError);
   EXPECT_TRUE(aArgs[1].as<bool>());
-}
-
-TEST_P(OtherCommands, AVoucherOpensInTheEditorWithTheOptionsOfABill) {
-  voucher_is(77);
-  EXPECT_FALSE(bill->click("mnuViewVch"));
-  EXPECT_EQ(session.commands.texts,
-            (std::vector<std::string>{pick("select FVoucherID from t_RP_ROtherBill where FBillID=9",
-                                           "select FVoucherID from t_RP_POtherBill where FBillID=9")}));
-  const auto aArgs = editor().last(Member::LoadVoucher);
-  ASSERT_EQ(aArgs.size(), 4u);
-  EXPECT_EQ(plain_number(aArgs[0]), 1);
-  ASSERT_TRUE(aArgs[1].is_text());
-  EXPECT_EQ(aArgs[1].text(), "77");
-  EXPECT_TRUE(aArgs[2].is_missing());
-  const auto& oOptions = static_cast<const TestDictionary&>(*aArgs[3].object());
-  EXPECT_EQ(oOptions.size(), 6u);
-  for (const char* sKey : {"AddAfterSave", "DetailMode", "CheckCell", "CheckEntry", "HotTrace"}) {
-    EXPECT_FALSE(oOptions.at(sKey).as<bool>()) << sKey;
-  }
-  EXPECT_TRUE(oOptions.at("DisableAddNew").as<bool>());
-  EXPECT_TRUE(boxes().empty());
-}
-
-TEST_P(OtherCommands, ABillWithoutAVoucherSaysSo) {
-  for (const Variant& vNone : {Variant(Null{}), Variant(0)}) {
-    session.platform.messages.clear();
-    voucher_is(vNone);
-    bill->click("mnuViewVch");
-    EXPECT_EQ(boxes(), notice("单据未记账。"));
-  }
-  session.platform.messages.clear();
-  session.commands.answer("select FVoucherID", recordset({"FVoucherID"}));
-  bill->click("mnuViewVch");
-  EXPECT_EQ(boxes(), notice("单据未记账。"));
-  EXPECT_EQ(editor().count(Member::LoadVoucher), 0u);
-}
-
-TEST_P(OtherCommands, WithoutTheRightToTheVoucherOnlyThatMessageIsShown) {
-  voucher_is(77);
-  session.server("NUVLPSGLVoucher.VoucherInfo").answers(Member::CheckVoucherRight, false);
-  bill->click("mnuViewVch");
-  EXPECT_EQ(boxes(), notice("存在您无科目权限的会计科目，请系统管理员授权后再进入！"));
-  EXPECT_EQ(editor().count(Member::LoadVoucher), 0u);
-}
-
-TEST_P(OtherCommands, AnErrorOnTheWayToTheVoucherIsToldAsOneOfTheEditorAndDoesntReachTheHost) {
-  voucher_is(77);
-  editor().fails(Member::LoadVoucher, 5001, "没有安装");
-  EXPECT_NO_THROW(EXPECT_FALSE(bill->click("mnuViewVch")));
-  session.commands.fail("select FVoucherID", 5002, "连接中断");
-  EXPECT_NO_THROW(EXPECT_FALSE(bill->click("mnuViewVch")));
-  EXPECT_EQ(boxes(), (std::vector<Box>{{"加载凭证编辑组建失败：没有安装", 64, "青柚提示"},
-                                       {"加载凭证编辑组建失败：连接中断", 64, "青柚提示"}}));
 }
 
 }  // namespace

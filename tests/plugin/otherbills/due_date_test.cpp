@@ -3,6 +3,7 @@
 #include "frame/conversions.h"
 
 #include "other_bill_fixture.h"
+#include "support/case_name.h"
 
 namespace arap::testing {
 namespace {
@@ -13,6 +14,9 @@ struct PayDayCase {
   std::int16_t nBeforeDays;
   const char* sResult;
 };
+void PrintTo(const PayDayCase& example, std::ostream* pStream) {
+  *pStream << example.sDate << " pay day " << example.nPayDay << " before " << example.nBeforeDays;
+}
 
 Date DayOfText(const char* sDate) { return ToDate(Variant(sDate)); }
 std::string DayText(Date date) { return Format(date, "yyyy-mm-dd"); }
@@ -25,13 +29,17 @@ TEST_P(MonthlyPayDate, IsTheFirstPayDayOnOrAfterTheDate) {
             example.sResult);
 }
 
+std::string NameOfCase(const ::testing::TestParamInfo<PayDayCase>& test) {
+  return case_name(test.index, test.param.sDate + (" by " + std::to_string(test.param.nPayDay)));
+}
 INSTANTIATE_TEST_SUITE_P(
     Examples, MonthlyPayDate,
     ::testing::Values(PayDayCase{"2024-03-10", 15, 0, "2024-03-15"}, PayDayCase{"2024-03-15", 15, 0, "2024-03-15"},
                       PayDayCase{"2024-03-20", 15, 0, "2024-04-15"}, PayDayCase{"2024-12-20", 15, 0, "2025-01-15"},
                       PayDayCase{"2024-04-10", 31, 0, "2024-04-30"}, PayDayCase{"2024-02-10", 30, 0, "2024-02-28"},
                       PayDayCase{"2024-01-31", 30, 0, "2024-02-28"}, PayDayCase{"2024-01-25", 31, 10, "2024-02-28"},
-                      PayDayCase{"2024-03-10", 0, 0, "2024-03-10"}));
+                      PayDayCase{"2024-03-10", 0, 0, "2024-03-10"}),
+    NameOfCase);
 
 INSTANTIATE_TEST_SUITE_P(
     Edges, MonthlyPayDate,
@@ -42,7 +50,8 @@ INSTANTIATE_TEST_SUITE_P(
                       PayDayCase{"2024-03-10", 32, 0, "2024-03-10"}, PayDayCase{"2024-03-10", 32, 5, "2024-03-15"},
                       PayDayCase{"2024-04-10", 32, 0, "2024-04-10"}, PayDayCase{"2024-12-10", 0, 3, "2024-12-13"},
                       PayDayCase{"2024-03-10", -1, 0, "2024-03-10"}, PayDayCase{"2024-03-20", 15, -10, "2024-03-15"},
-                      PayDayCase{"2024-03-20", 15, 30, "2024-05-15"}));
+                      PayDayCase{"2024-03-20", 15, 30, "2024-05-15"}),
+    NameOfCase);
 
 /// The months one by one, against a plain model.
 TEST(MonthlyPayDateOfAYear, EveryDayOfAYearAndEveryPayDayGoesByTheMonthsTable) {

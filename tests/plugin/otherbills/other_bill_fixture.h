@@ -1,43 +1,26 @@
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <cstdlib>
-#include <fstream>
-#include <sstream>
+#include <optional>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "frame/plugin_entry.h"
 #include "support/other_bill_host.h"
-#include "support/test_session.h"
+#include "support/side_test.h"
 
 namespace arap::testing {
 
-/// The approved traces, one file a side.
-inline std::string GoldenPath(const std::string& sName, Side side) {
-  return std::string(TEST_DATA_DIR) + "/plugin/otherbills/golden/" + sName +
-         (side == Side::Receive ? "_receivable.txt" : "_payable.txt");
+/// The approved traces are one file a side.
+inline std::string GoldenOf(const std::string& sName, Side side) {
+  return sName + (side == Side::Receive ? "_receivable" : "_payable");
 }
 inline std::string ReadGolden(const std::string& sName, Side side) {
-  std::ifstream file(GoldenPath(sName, side), std::ios::binary);
-  std::stringstream text;
-  text << file.rdbuf();
-  return text.str();
+  return ReadGolden("otherbills", GoldenOf(sName, side));
 }
 
-/// An open other bill of one side with the plug-in's class on it: both sides run the same tests.
-class OtherBillTest : public ::testing::TestWithParam<Side> {
+/// An open other bill of one side with the plug-in's class on it.
+class OtherBillTest : public SideTest {
  protected:
-  struct Box {
-    std::string sText;
-    int nButtons;
-    std::string sTitle;
-    friend bool operator==(const Box&, const Box&) = default;
-    friend void PrintTo(const Box& box, std::ostream* pStream) { *pStream << box.sText << " " << box.nButtons; }
-  };
-
   OtherBillTest() {
     add_in_out_types(session);
     plugin = CreatePublicObject(side.sClass);
@@ -46,28 +29,7 @@ class OtherBillTest : public ::testing::TestWithParam<Side> {
     trace().clear();
   }
 
-  /// What the test expects of the receivable bill, and what of the payable bill.
-  template <class T>
-  T pick(T receivable, T payable) const {
-    return receivable_side() ? receivable : payable;
-  }
-  std::string pick(const char* sReceivable, const char* sPayable) const {
-    return pick<std::string>(sReceivable, sPayable);
-  }
-  bool receivable_side() const { return GetParam() == Side::Receive; }
-
-  /// The boxes that were shown.
-  std::vector<Box> boxes() const {
-    std::vector<Box> aBoxes;
-    for (const auto& message : session.platform.messages) {
-      aBoxes.push_back({message.sText, message.nButtons, message.sTitle});
-    }
-    return aBoxes;
-  }
-  static std::vector<Box> box(const std::string& sText, int nButtons) { return {{sText, nButtons, "青柚提示"}}; }
-  static std::vector<Box> notice(const std::string& sText) { return box(sText, 64); }
-  static std::vector<Box> warning(const std::string& sText) { return box(sText, 48); }
-
+  bool receivable_side() const { return receive(); }
   void use_credit() { bill->head("FBillTypeId", side.nCreditType); }
   void use_currency(std::int32_t nCurrency) { bill->head("FCurrencyId", nCurrency); }
   bool locked(const char* sKey) const { return bill->cell_locked(sKey); }
@@ -82,15 +44,9 @@ class OtherBillTest : public ::testing::TestWithParam<Side> {
     return args.empty() ? "" : plain_text(args[0]);
   }
 
-  /// Compares the trace with the approved one; with ARAP_APPROVE set it becomes the approved one.
-  void expect_golden(const std::string& sName) const {
-    const std::string sPath = GoldenPath(sName, GetParam());
-    if (std::getenv("ARAP_APPROVE") != nullptr) std::ofstream(sPath) << trace().text();
-    EXPECT_EQ(trace().text(), ReadGolden(sName, GetParam())) << sPath;
-  }
+  void expect_golden(const std::string& sName) const { ExpectGolden("otherbills", GoldenOf(sName, GetParam())); }
 
   const OtherNames& side = other_names_of(GetParam());
-  TestSession session;
   Ref<TestBill> bill = make_other_bill(GetParam());
   Ref<Object> plugin;
 };

@@ -1,5 +1,7 @@
 #include "otherbills/other_bill_sides.h"
 
+#include <set>
+
 #include "other_bill_fixture.h"
 
 namespace arap::testing {
@@ -26,6 +28,32 @@ TEST_P(OtherSides, TheTableHoldsTheIdentityOfItsSide) {
 TEST_P(OtherSides, ThePayableBillSpellsItsPartnerInTwoWays) {
   EXPECT_EQ(table.sPartner.view(), pick("FCustomerID", "FSupplyId"));
   EXPECT_EQ(table.sPartnerEdited.view(), pick("FCustomerID", "FSupplyID"));
+}
+
+/// Every spelling under which the host is asked for the partner during an event.
+TEST_P(OtherSides, EachHandlerSpellsThePartnerInItsOwnWay) {
+  const auto spellings = [this](const std::function<void()>& act) {
+    trace().set_detail(Trace::Detail::All);
+    trace().clear();
+    act();
+    std::set<std::string> aFound;
+    for (const char* sKey : {"FCustomerID", "FSupplyId", "FSupplyID"}) {
+      if (trace().has("\"" + std::string(sKey) + "\"")) aFound.insert(sKey);
+    }
+    return aFound;
+  };
+  const std::set<std::string> aFirst{pick("FCustomerID", "FSupplyId")};
+  const std::set<std::string> aSecond{pick("FCustomerID", "FSupplyID")};
+  use_credit();
+  bill->sql.answer("Select FValue", recordset({"FValue"}, {{"3"}}));
+  bill->sql.answer("Select FCreditDegree", recordset({"FCreditDegree", "FNumber"}, {{5000.0, "01.007"}}));
+  add_other_row(*bill);
+  EXPECT_EQ(spellings([this] { EXPECT_FALSE(bill->save()); }), aFirst);
+  EXPECT_EQ(spellings([this] { bill->fire(Event::AfterSave, {0}); }), aFirst);
+  EXPECT_EQ(spellings([this] { bill->change("FDate", -1, "2024-01-20"); }), aSecond);
+  EXPECT_EQ(spellings([this] { bill->change("FBillTypeId", -1, side.nCreditType); }), aSecond);
+  const Ref<Object> oPartner(bill->info(side.sPartner));
+  EXPECT_EQ(spellings([&] { bill->fire(Event::HeadCtlLostFocus, {Ref<Object>(), oPartner, Ref<Object>()}); }), aSecond);
 }
 
 TEST_P(OtherSides, ANumberIsAskedForOnTheOtherSideOfThePair) {

@@ -21,8 +21,9 @@ Lines command_differences_of(const std::string& sName) {
 }
 
 TEST(OtherTwinCommandTraces, ListsOperationsChecksAndTheToolbarDifferInNamesAlone) {
-  for (const char* sName : {"check", "toolbar_setup", "list_bar", "list_bar_of_a_selection", "operation_done",
-                            "operation_failed", "operation_refused", "operation_with_another_code"}) {
+  for (const char* sName :
+       {"check", "toolbar_setup", "list_bar", "list_bar_of_a_selection", "operation_done", "operation_failed",
+        "operation_refused", "operation_with_another_code", "operation_conflict"}) {
     EXPECT_EQ(command_differences_of(sName), Lines()) << sName;
   }
 }

@@ -70,18 +70,6 @@ TEST_P(CheckUncheck, TheTraceOfAnUncheckIsApproved) {
   expect_golden("uncheck");
 }
 
-TEST_P(CheckUncheck, TheServiceGetsThePropsString) {
-  bill->click("mnuEditCheck");
-  EXPECT_EQ(plain_text(service_args().at(0)), plain_text(session.shared().at("PropsString")));
-}
-
-TEST_P(CheckUncheck, ACheckWithoutTheRightEndsBeforeEverything) {
-  session.access = [](std::int32_t, std::int32_t, std::int32_t) { return false; };
-  EXPECT_TRUE(bill->click("mnuEditCheck"));
-  EXPECT_EQ(boxes(), notice("没有权限,请与系统管理员联系"));
-  EXPECT_FALSE(trace().has("SaveBill"));
-}
-
 TEST_P(CheckUncheck, ABillThatWasNeverSavedIsntChecked) {
   bill->head("FBillId", 0);
   EXPECT_TRUE(bill->click("mnuEditCheck"));
@@ -93,14 +81,6 @@ TEST_P(CheckUncheck, ARefusedSaveEndsTheCheckAndLeavesTheBillAsItWas) {
   EXPECT_TRUE(bill->click("mnuEditCheck"));
   EXPECT_EQ(calls(), (Lines{access_line("1", "True"), "BillForm.SaveBill() -> False"}));
   EXPECT_TRUE(boxes().empty());
-}
-
-TEST_P(CheckUncheck, ASavedBillWithoutAnIdIsntChecked) {
-  for (const std::int32_t nInterID : {0, -1}) {
-    bill->inter_id = nInterID;
-    EXPECT_TRUE(bill->click("mnuEditCheck"));
-    EXPECT_EQ(service().count(Member::CheckBill), 0u) << nInterID;
-  }
 }
 
 TEST_P(CheckUncheck, AnUncheckAsksTheServiceAndShowsTheBillAgainWhateverItAnswers) {
@@ -121,54 +101,6 @@ TEST_P(CheckUncheck, AnUncheckOfAWrittenOffBillIsLeftToTheServiceAndTheBillIsSho
   EXPECT_EQ(boxes(), notice("服务的答复"));
   EXPECT_EQ(service().count(Member::CheckBill), 1u);
   EXPECT_EQ(bill->shown_bills, std::vector<std::int32_t>{9});
-}
-
-TEST_P(CheckUncheck, AnUncheckWithoutTheRightIsCancelled) {
-  session.access = [](std::int32_t, std::int32_t, std::int32_t nRight) { return nRight != 4096; };
-  EXPECT_TRUE(bill->click("mnuEditUnCheck"));
-  EXPECT_EQ(boxes(), notice("没有权限,请与系统管理员联系"));
-  EXPECT_EQ(service().count(Member::CheckBill), 0u);
-}
-
-TEST_P(CheckUncheck, ABillOfAnEarlierPeriodStaysChecked) {
-  bill->head("FDate", "2023-12-31");
-  EXPECT_TRUE(bill->click("mnuEditUnCheck"));
-  EXPECT_EQ(boxes(), notice("不能反审核以前期间的单据，反审核失败。"));
-  EXPECT_EQ(service().count(Member::CheckBill), 0u);
-}
-
-TEST_P(CheckUncheck, TheFirstDayOfTheCurrentPeriodPasses) {
-  bill->head("FDate", "2024-1-1");
-  EXPECT_FALSE(bill->click("mnuEditUnCheck"));
-  EXPECT_EQ(service().count(Member::CheckBill), 1u);
-}
-
-TEST_P(CheckUncheck, ADateValueIsComparedByItsDay) {
-  bill->head("FDate", DateSerial(2023, 12, 31));
-  EXPECT_TRUE(bill->click("mnuEditUnCheck"));
-  bill->head("FDate", DateSerial(2024, 1, 1));
-  EXPECT_FALSE(bill->click("mnuEditUnCheck"));
-}
-
-TEST_P(CheckUncheck, WithoutACurrentPeriodEveryDatePasses) {
-  session.system_data.answer("declare @Per", recordset({"FStartDate", "FEndDate"}));
-  bill->head("FDate", "1999-01-01");
-  EXPECT_FALSE(bill->click("mnuEditUnCheck"));
-  EXPECT_EQ(service().count(Member::CheckBill), 1u);
-}
-
-TEST_P(CheckUncheck, AnErrorOfTheServiceGoesToTheHostWithCancelTrue) {
-  service().fails(Member::CheckBill, 5001, "连接中断");
-  std::vector<Variant> aArgs{make_object<TestTool>("mnuEditUnCheck"), false};
-  try {
-    bill->events.fire(Event::MenuBarClick, aArgs);
-    FAIL() << "the error has to reach the host";
-  } catch (const AutomationError& error) {
-    EXPECT_EQ(error.number(), 5001);
-    EXPECT_EQ(error.description(), "连接中断");
-  }
-  EXPECT_TRUE(aArgs[1].as<bool>());
-  EXPECT_TRUE(bill->shown_bills.empty());
 }
 
 }  // namespace

@@ -25,7 +25,6 @@ class SettlementList : public BothSides {
     trace().clear();
   }
 
-  bool receive() const { return GetParam() == Side::Receive; }
   void have(std::int32_t nBillID, const ListedBill& listed = {}) {
     std::vector<std::vector<Variant>> aRows;
     for (const auto& [vClass, vID] : listed.aSources) {

@@ -1,12 +1,16 @@
-#include "plugin/settlement/settlement_fixture.h"
+#include "plugin/frame/bill_class_fixture.h"
 
 namespace arap::testing {
 namespace {
 
-class ToolbarSetup : public BothSides {};
-INSTANTIATE_BOTH_SIDES(ToolbarSetup);
+/// The row commands on the toolbar of a bill window, the same in all four bill classes.
+class RowCommands : public BillClassTest {
+ protected:
+  RowCommands() { bill->bar = TestBar::of_bill_window(); }
+};
+INSTANTIATE_BILL_CLASSES(RowCommands);
 
-TEST_P(ToolbarSetup, RowCommandsStandRightBehindThePreview) {
+TEST_P(RowCommands, StandRightBehindThePreview) {
   bill->fire(Event::BarInitialize, {bill->bar});
   const auto aNames = bill->bar->names("BandToolBar");
   const auto preview = std::find(aNames.begin(), aNames.end(), "mnuFilePreview");
@@ -15,7 +19,7 @@ TEST_P(ToolbarSetup, RowCommandsStandRightBehindThePreview) {
   EXPECT_EQ(*(preview + 2), "mnuEditDelRow");
 }
 
-TEST_P(ToolbarSetup, RowCommandsAreDescribedAndTheBarIsRedrawn) {
+TEST_P(RowCommands, AreDescribedAndTheBarIsRedrawn) {
   bill->fire(Event::BarInitialize, {bill->bar});
   EXPECT_EQ(trace().lines_with_any({"Description", "Insert", "RefreshToolbar"}).size(), 5u);
   EXPECT_EQ(plain_text(bill->bar->tool("mnuEditAddRow").property(Member::Description)), "插行");
@@ -23,10 +27,11 @@ TEST_P(ToolbarSetup, RowCommandsAreDescribedAndTheBarIsRedrawn) {
   EXPECT_GT(trace().position("RefreshToolbar"), trace().position("Insert"));
 }
 
-TEST_P(ToolbarSetup, WithoutAPreviewTheRowCommandsStandBehindTheFirstTool) {
+TEST_P(RowCommands, WithoutAPreviewStandBehindTheFirstTool) {
   bill->bar = TestBar::with_tools({{"BandToolBar", {"mnuFileNew"}}, {"mnuEdit", {"mnuEditAddRow", "mnuEditDelRow"}}});
   bill->fire(Event::BarInitialize, {bill->bar});
-  EXPECT_EQ(bill->bar->names("BandToolBar"), (Lines{"mnuFileNew", "mnuEditAddRow", "mnuEditDelRow"}));
+  EXPECT_EQ(bill->bar->names("BandToolBar"),
+            (std::vector<std::string>{"mnuFileNew", "mnuEditAddRow", "mnuEditDelRow"}));
 }
 
 }  // namespace
