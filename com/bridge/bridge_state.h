@@ -54,7 +54,7 @@ struct BridgeState {
   /// Empty for a type whose objects have a record each.
   std::unordered_map<GUID, std::shared_ptr<TypeRecord>, GuidHash> types;
   std::unordered_map<GUID, std::shared_ptr<const TypeShape>, GuidHash> shapes;
-  ComPtr<ITypeLib> library;                                                           // of the TypeLibraryUse in force
+  ComPtr<ITypeLib> library;  // of the TypeLibraryUse in force, or the module's own
   std::unordered_map<std::string, std::shared_ptr<const ExposedType>> exposed_types;  // its types by type_name()
 
   /// The shape of a type, read on first use.

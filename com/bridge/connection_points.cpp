@@ -1,15 +1,35 @@
 #include "bridge/connection_points.h"
 
+#include <vector>
+
+#include "bridge/enumerator.h"
 #include "bridge/errors.h"
 #include "bridge/outgoing_call.h"
 
 namespace arap::com {
+
+namespace {
+
+struct Point {
+  ComPtr<IConnectionPoint> point;
+  void copy_to(IConnectionPoint*& out) const { out = ComPtr<IConnectionPoint>(point).detach(); }
+};
+
+struct Connection {
+  ComPtr<IDispatch> sink;
+  DWORD cookie;
+  void copy_to(CONNECTDATA& out) const { out = {ComPtr<IDispatch>(sink).detach(), cookie}; }
+};
+
+}  // namespace
 
 /// A COM sink as an EventSink: fires by the DISPIDs and by-reference types of the source interface.
 class ConnectionPoint::Listener final : public EventSink {
  public:
   Listener(ComPtr<IDispatch> sink, std::shared_ptr<const TypeShape> events)
       : sink_(std::move(sink)), events_(std::move(events)) {}
+
+  const ComPtr<IDispatch>& sink() const { return sink_; }
 
   void on_event(Event event, Arguments args) override {
     // The sink may unadvise, and so end this listener, while it hears the event.
@@ -86,66 +106,16 @@ HRESULT ConnectionPoint::Unadvise(DWORD cookie) {
 }
 
 HRESULT ConnectionPoint::EnumConnections(IEnumConnections** out) {
-  if (out != nullptr) *out = nullptr;
-  return E_NOTIMPL;
+  if (out == nullptr) return E_POINTER;
+  std::vector<Connection> connections;
+  for (const auto& [cookie, listener] : listeners_) connections.push_back({listener->sink(), cookie});
+  *out = new Enumerator<IEnumConnections, Connection, CONNECTDATA>(std::move(connections));
+  return S_OK;
 }
 
-namespace {
-
-class PointEnumerator final : public IEnumConnectionPoints {
- public:
-  explicit PointEnumerator(ComPtr<IConnectionPoint> point, ULONG nAt = 0) : point_(std::move(point)), at_(nAt) {}
-
-  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** out) override {
-    if (out == nullptr) return E_POINTER;
-    const bool bKnown = id == IID_IUnknown || id == IID_IEnumConnectionPoints;
-    *out = bKnown ? static_cast<IEnumConnectionPoints*>(this) : nullptr;
-    if (!bKnown) return E_NOINTERFACE;
-    AddRef();
-    return S_OK;
-  }
-  ULONG STDMETHODCALLTYPE AddRef() override { return shares_.add(); }
-  ULONG STDMETHODCALLTYPE Release() override {
-    const ULONG nLeft = shares_.drop();
-    if (nLeft == 0) delete this;
-    return nLeft;
-  }
-
-  HRESULT STDMETHODCALLTYPE Next(ULONG nWanted, IConnectionPoint** out, ULONG* pnFetched) override {
-    if (out == nullptr) return E_POINTER;
-    const ULONG nFetched = at_ == 0 && nWanted > 0 ? 1 : 0;
-    if (nFetched == 1) out[0] = ComPtr<IConnectionPoint>(point_).detach();
-    at_ += nFetched;
-    if (pnFetched != nullptr) *pnFetched = nFetched;
-    return nFetched == nWanted ? S_OK : S_FALSE;
-  }
-  HRESULT STDMETHODCALLTYPE Skip(ULONG nCount) override {
-    const bool bAll = at_ + nCount <= 1;
-    at_ = bAll ? at_ + nCount : 1;
-    return bAll ? S_OK : S_FALSE;
-  }
-  HRESULT STDMETHODCALLTYPE Reset() override {
-    at_ = 0;
-    return S_OK;
-  }
-  HRESULT STDMETHODCALLTYPE Clone(IEnumConnectionPoints** out) override {
-    if (out == nullptr) return E_POINTER;
-    *out = new PointEnumerator(point_, at_);
-    return S_OK;
-  }
-
- private:
-  ~PointEnumerator() = default;
-  LiveObject live_;
-  ShareCount shares_;
-  ComPtr<IConnectionPoint> point_;
-  ULONG at_;
-};
-
-}  // namespace
-
 ComPtr<IEnumConnectionPoints> make_point_enumerator(IConnectionPoint& point) {
-  return ComPtr<IEnumConnectionPoints>::adopt(new PointEnumerator(ComPtr<IConnectionPoint>(&point)));
+  return ComPtr<IEnumConnectionPoints>::adopt(
+      new Enumerator<IEnumConnectionPoints, Point, IConnectionPoint*>({Point{ComPtr<IConnectionPoint>(&point)}}));
 }
 
 }  // namespace arap::com

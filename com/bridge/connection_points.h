@@ -24,7 +24,6 @@ class ConnectionPoint final : public IConnectionPoint {
   HRESULT STDMETHODCALLTYPE GetConnectionPointContainer(IConnectionPointContainer** out) override;
   HRESULT STDMETHODCALLTYPE Advise(IUnknown* sink, DWORD* cookie) override;
   HRESULT STDMETHODCALLTYPE Unadvise(DWORD cookie) override;
-  /// Not offered.
   HRESULT STDMETHODCALLTYPE EnumConnections(IEnumConnections** out) override;
 
  private:

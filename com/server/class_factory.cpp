@@ -2,30 +2,16 @@
 
 #include <new>
 
+#include "bridge/counted.h"
 #include "bridge/errors.h"
 
 namespace arap::com {
 
 namespace {
 
-class ClassFactory final : public IClassFactory {
+class ClassFactory final : public Counted<IClassFactory> {
  public:
   explicit ClassFactory(const ComClass& com_class) : class_(com_class) {}
-
-  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** out) override {
-    if (out == nullptr) return E_POINTER;
-    const bool bKnown = id == IID_IUnknown || id == IID_IClassFactory;
-    *out = bKnown ? static_cast<IClassFactory*>(this) : nullptr;
-    if (!bKnown) return E_NOINTERFACE;
-    AddRef();
-    return S_OK;
-  }
-  ULONG STDMETHODCALLTYPE AddRef() override { return shares_.add(); }
-  ULONG STDMETHODCALLTYPE Release() override {
-    const ULONG nLeft = shares_.drop();
-    if (nLeft == 0) delete this;
-    return nLeft;
-  }
 
   HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown* outer, REFIID id, void** out) override {
     if (out == nullptr) return E_POINTER;
@@ -44,9 +30,7 @@ class ClassFactory final : public IClassFactory {
   }
 
  private:
-  ~ClassFactory() = default;
-  LiveObject live_;
-  ShareCount shares_;
+  ~ClassFactory() override = default;
   const ComClass& class_;
 };
 

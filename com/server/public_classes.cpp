@@ -46,8 +46,11 @@ const GUID& library_id() { return LIBID_NUVARAPBillInterface; }
 ComPtr<IUnknown> create(const ComClass& com_class) {
   InstallPlatform(&windows_platform());
   const BridgeUse use;
+  // From now on the forms go out with the types that the library declares.
+  ComPtr<ITypeLib>& library = bridge_state().library;
+  if (!library) library = own_library();
   ComPtr<ITypeInfo> info;
-  check(own_library()->GetTypeInfoOfGuid(com_class.interface_id, info.put()));
+  check(library->GetTypeInfoOfGuid(com_class.interface_id, info.put()));
   const std::string sProgID = std::string(kLibraryName) + "." + std::string(com_class.sName);
   return com_class.wrap(CreatePublicObject(sProgID), std::move(info));
 }

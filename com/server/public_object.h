@@ -170,7 +170,7 @@ class BillObject final : public ListObject<I> {
   }
 
   HRESULT STDMETHODCALLTYPE DoOptToBill(LONG nTransType, LONG nInterID, LONG nCheckType, SHORT* nCode, BSTR* sDesc,
-                                        VARIANT_BOOL* bDone) override {
+                                        VARIANT_BOOL* bOk, VARIANT_BOOL* bDone) override {
     if (bDone == nullptr) return E_POINTER;
     *bDone = VARIANT_FALSE;
     return this->guarded([&] {
@@ -181,6 +181,7 @@ class BillObject final : public ListObject<I> {
       const Variant vDone = this->object().invoke(Member::DoOptToBill, Access::Call, args);
       store_integer(args[3], nCode);
       store_text(args[4], sDesc);
+      if (bOk != nullptr) store_boolean(vDone, bOk);
       store_boolean(vDone, bDone);
     });
   }

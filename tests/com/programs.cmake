@@ -40,6 +40,8 @@ file(GLOB SERVER_SOURCES CONFIGURE_DEPENDS com/server/*.cpp)
 windows_program(server_tests ${SERVER_SOURCES} $<TARGET_OBJECTS:arap_windows_host> ${HOST_RESOURCE})
 file(GLOB REGISTRATION_SOURCES CONFIGURE_DEPENDS com/registration/*.cpp)
 windows_program(registration_tests ${REGISTRATION_SOURCES} com/server/client.cpp)
+target_link_libraries(server_tests PRIVATE version)
+target_compile_definitions(server_tests PRIVATE PROJECT_VERSION="${PROJECT_VERSION}")
 foreach(program server_tests registration_tests)
   target_compile_definitions(${program} PRIVATE TEST_DATA_DIR="${TEST_DATA_DIR}")
   # What the type compiler writes doesn't answer for our warnings.

@@ -9,9 +9,10 @@ namespace {
 
 class Manifest : public ::testing::Test {
  protected:
+  /// What a program with these lines in its own manifest finds in the folder of the DLL.
   Manifest() {
     CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
-    const std::wstring sManifest = dll_folder() + L"\\NUVARAPBillInterface.manifest";
+    const std::wstring sManifest = dll_folder() + L"\\application.manifest";
     ACTCTXW description{};
     description.cbSize = sizeof description;
     description.lpSource = sManifest.c_str();

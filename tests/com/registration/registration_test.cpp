@@ -89,6 +89,22 @@ DWORD regsvr32(const std::wstring& sOptions) {
   return run(L"regsvr32.exe /s " + sOptions + L" \"" + dll_path() + L"\"");
 }
 
+/// The server of the other width, and the program that registers it, as this width sees them.
+#ifdef _WIN64
+constexpr std::array<std::wstring_view, 2> kWidths{L"cross-x64", L"cross-x86"};
+constexpr const wchar_t* kOtherRegsvr = L"C:\\windows\\syswow64\\regsvr32.exe /s ";
+#else
+constexpr std::array<std::wstring_view, 2> kWidths{L"cross-x86", L"cross-x64"};
+constexpr const wchar_t* kOtherRegsvr = L"C:\\windows\\sysnative\\regsvr32.exe /s ";
+#endif
+std::wstring other_dll_path() {
+  std::wstring sPath = dll_path();
+  return sPath.replace(sPath.find(kWidths[0]), kWidths[0].size(), kWidths[1]);
+}
+DWORD other_regsvr32(const std::wstring& sOptions) {
+  return run(kOtherRegsvr + sOptions + L" \"" + other_dll_path() + L"\"");
+}
+
 class Registration : public ::testing::Test {
  protected:
   Registration() : server(LoadLibraryW(dll_path().c_str())) {}
@@ -144,6 +160,16 @@ TEST_F(Registration, RegsvrRegistersAndLeavesNothing) {
   expect_clean([] { EXPECT_EQ(regsvr32(L""), 0u); }, [] { EXPECT_EQ(regsvr32(L"/u"), 0u); });
 }
 
+TEST_F(Registration, RegsvrRegistersForTheUserAloneAndLeavesNothing) {
+  make_folders_of_the_user();
+  expect_clean(
+      [] {
+        EXPECT_EQ(regsvr32(L"/n /i:user"), 0u);
+        EXPECT_EQ(lines_of(registered(HKEY_LOCAL_MACHINE), L"NUVARAPBillInterface"), 0);
+      },
+      [] { EXPECT_EQ(regsvr32(L"/u /n /i:user"), 0u); });
+}
+
 TEST_F(Registration, InstallForTheMachineRegistersAndLeavesNothing) {
   expect_clean([&] { EXPECT_EQ(install(TRUE, L""), S_OK); }, [&] { EXPECT_EQ(install(FALSE, L""), S_OK); });
 }
@@ -175,6 +201,27 @@ TEST_F(Registration, EveryClassIsOneOfAnApartmentInThisFile) {
     EXPECT_STREQ(aText.data(), L"Apartment");
   }
   EXPECT_EQ(export_call("DllUnregisterServer"), S_OK);
+}
+
+TEST_F(Registration, WhatBothWidthsShareStaysUntilTheSecondGoes) {
+  if (GetFileAttributesW(other_dll_path().c_str()) == INVALID_FILE_ATTRIBUTES) {
+    GTEST_SKIP() << "the server of the other width isn't built";
+  }
+  for (const bool bOwnGoesFirst : {true, false}) {
+    const auto own = [](const wchar_t* sOptions) { EXPECT_EQ(regsvr32(sOptions), 0u); };
+    const auto other = [](const wchar_t* sOptions) { EXPECT_EQ(other_regsvr32(sOptions), 0u); };
+    expect_clean(
+        [&] {
+          own(L"");
+          other(L"");
+        },
+        [&] {
+          bOwnGoesFirst ? own(L"/u") : other(L"/u");
+          const Names rest = registered();
+          EXPECT_EQ(lines_of(rest, L"\\NUVARAPBillInterface."), 2 * static_cast<int>(std::size(kClassNames)));
+          bOwnGoesFirst ? other(L"/u") : own(L"/u");
+        });
+  }
 }
 
 /// Wine 8 writes the keys of a user's own registration and doesn't look there.

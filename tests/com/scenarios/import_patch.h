@@ -8,7 +8,7 @@ namespace arap::testing {
 /// modules are left alone.
 class ImportPatch {
  public:
-  /// `sFunction` is the imported name. A module that doesn't import it stays as it is.
+  /// `sFunction` is the name of the function in its own library. A module that doesn't import it stays as it is.
   ImportPatch(HMODULE module, const char* sFunction, void* replacement);
   ~ImportPatch();
   ImportPatch(const ImportPatch&) = delete;

@@ -1,5 +1,7 @@
 #include "com/scenarios/scripted_machine.h"
 
+#include <gtest/gtest.h>
+
 #include <algorithm>
 #include <array>
 #include <string>
@@ -135,6 +137,7 @@ void* address(Function* function) {
 ScriptedMachine::ScriptedMachine(HMODULE server) {
   const auto patch = [&](const char* sFunction, void* replacement) {
     patches_.push_back(std::make_unique<ImportPatch>(server, sFunction, replacement));
+    if (!patches_.back()->found()) ADD_FAILURE() << "the server doesn't import " << sFunction;
   };
   patch("MessageBoxW", address(message_box));
   patch("SetCursor", address(set_cursor));

@@ -33,7 +33,7 @@ TEST_F(BadCallers, WrongNumberOfArguments) {
   EXPECT_EQ(run(oClass, L"Show", {object_value(nullptr), number(1)}).code, DISP_E_BADPARAMCOUNT);
   EXPECT_EQ(run(oClass, L"Inside", {}).code, DISP_E_BADPARAMCOUNT);
   EXPECT_EQ(run(oClass, L"DoOptToBill", {number(1), number(2)}).code, DISP_E_BADPARAMCOUNT);
-  EXPECT_EQ(run(oClass, L"DoOptToBill", std::vector<VARIANT>(6, number(1))).code, DISP_E_BADPARAMCOUNT);
+  EXPECT_EQ(run(oClass, L"DoOptToBill", std::vector<VARIANT>(7, number(1))).code, DISP_E_BADPARAMCOUNT);
 }
 
 TEST_F(BadCallers, WrongTypes) {

@@ -53,68 +53,56 @@ void invoke(Outcome& outcome, IDispatch* object, std::wstring_view sName, WORD f
   invoke(outcome, object, id, flags, std::move(aArgs));
 }
 
-VARIANT number(LONG nValue) {
+namespace {
+
+VARIANT typed(VARTYPE type) {
   VARIANT value;
   VariantInit(&value);
-  value.vt = VT_I4;
+  value.vt = type;
+  return value;
+}
+
+VARIANT by_reference(VARTYPE type, void* place) {
+  VARIANT value = typed(static_cast<VARTYPE>(VT_BYREF | type));
+  value.byref = place;
+  return value;
+}
+
+}  // namespace
+
+VARIANT number(LONG nValue) {
+  VARIANT value = typed(VT_I4);
   value.lVal = nValue;
   return value;
 }
 
 VARIANT truth(bool bValue) {
-  VARIANT value;
-  VariantInit(&value);
-  value.vt = VT_BOOL;
+  VARIANT value = typed(VT_BOOL);
   value.boolVal = bValue ? VARIANT_TRUE : VARIANT_FALSE;
   return value;
 }
 
 VARIANT object_value(IDispatch* object) {
-  VARIANT value;
-  VariantInit(&value);
-  value.vt = VT_DISPATCH;
+  VARIANT value = typed(VT_DISPATCH);
   value.pdispVal = object;
   return value;
 }
 
 VARIANT text_value(BSTR text) {
-  VARIANT value;
-  VariantInit(&value);
-  value.vt = VT_BSTR;
+  VARIANT value = typed(VT_BSTR);
   value.bstrVal = text;
   return value;
 }
 
 VARIANT omitted() {
-  VARIANT value;
-  VariantInit(&value);
-  value.vt = VT_ERROR;
+  VARIANT value = typed(VT_ERROR);
   value.scode = DISP_E_PARAMNOTFOUND;
   return value;
 }
 
-VARIANT reference(short* place) {
-  VARIANT value;
-  VariantInit(&value);
-  value.vt = VT_BYREF | VT_I2;
-  value.piVal = place;
-  return value;
-}
-
-VARIANT reference(BSTR* place) {
-  VARIANT value;
-  VariantInit(&value);
-  value.vt = VT_BYREF | VT_BSTR;
-  value.pbstrVal = place;
-  return value;
-}
-
-VARIANT reference(VARIANT* place) {
-  VARIANT value;
-  VariantInit(&value);
-  value.vt = VT_BYREF | VT_VARIANT;
-  value.pvarVal = place;
-  return value;
-}
+VARIANT reference(short* place) { return by_reference(VT_I2, place); }
+VARIANT reference(BSTR* place) { return by_reference(VT_BSTR, place); }
+VARIANT reference(VARIANT* place) { return by_reference(VT_VARIANT, place); }
+VARIANT reference_to_truth(VARIANT_BOOL* place) { return by_reference(VT_BOOL, place); }
 
 }  // namespace arap::testing

@@ -55,5 +55,6 @@ VARIANT omitted();
 VARIANT reference(short* place);
 VARIANT reference(BSTR* place);
 VARIANT reference(VARIANT* place);
+VARIANT reference_to_truth(VARIANT_BOOL* place);
 
 }  // namespace arap::testing

@@ -3,8 +3,10 @@
 #include <array>
 #include <map>
 
+#include "NUVARAPBillInterface_h.h"
 #include "bridge/bridge.h"
 #include "bridge/errors.h"
+#include "bridge/wide_text.h"
 #include "com/scenarios/server_under_test.h"
 #include "com/server/client.h"
 #include "support/settlement_host.h"
@@ -88,13 +90,28 @@ class Cycles : public ::testing::Test {
  protected:
   void SetUp() override { trace().set_detail(Trace::Detail::Nothing); }
 
-  /// Makes a class, shows it the source and lets go of it.
+  /// Makes a class, shows it the source, calls it with texts and an array of them, and lets go of it.
   static void cycle(const CLSID& id, IDispatch* source) {
     com::ComPtr<IDispatch> made;
     ASSERT_EQ(CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, IID_IDispatch, made.put_void()), S_OK);
     Outcome outcome;
     invoke(outcome, made.get(), L"Show", DISPATCH_METHOD, {object_value(source)});
     ASSERT_EQ(outcome.code, S_OK);
+    if (id_of(made.get(), L"Inside") == DISPID_UNKNOWN) return;
+    const com::Bstr sText = com::to_bstr("核销");
+    const VARIANT text = text_value(sText.get());
+    invoke(outcome, made.get(), L"Inside", DISPATCH_METHOD, {text, text});
+    ASSERT_EQ(outcome.value->boolVal, VARIANT_TRUE);
+    if (const auto bill = com::query<_clsReceiveBill>(made.get())) call_with_an_array(*bill.get(), text);
+  }
+  static void call_with_an_array(_clsReceiveBill& bill, const VARIANT& text) {
+    SAFEARRAY* array = SafeArrayCreateVector(VT_VARIANT, 0, 1);
+    LONG nFirst = 0;
+    SafeArrayPutElement(array, &nFirst, const_cast<VARIANT*>(&text));
+    VARIANT_BOOL bFound = VARIANT_FALSE;
+    EXPECT_EQ(bill.Inside(text, array, &bFound), S_OK);
+    EXPECT_EQ(bFound, VARIANT_TRUE);
+    SafeArrayDestroy(array);
   }
 
   TestSession session;
@@ -111,6 +128,16 @@ TEST_F(Cycles, TenThousandClassesAreShownAndReleasedWithoutATrace) {
   EXPECT_EQ(oBill->events.size(), 0u);
   // Less than a byte for each: a table may have grown once.
   EXPECT_LT(bytes_in_use(), nBefore + kCycles / 2);
+}
+
+TEST_F(Cycles, TenThousandClassesLeaveNoTextAndNoArray) {
+  const com::ComPtr<IDispatch> source = com::dispatch_of(make_settlement_bill(Side::Receive));
+  const CLSID id = class_id("clsReceiveBill");
+  cycle(id, source.get());  // the first one reads the types
+  const OleBlocks blocks;
+  for (int i = 0; i < kCycles; ++i) cycle(id, source.get());
+  EXPECT_GT(blocks.seen(), kCycles);
+  EXPECT_EQ(blocks.left(), 0);
 }
 
 TEST_F(Cycles, EveryClassComesAndGoesWithItsOwnSource) {

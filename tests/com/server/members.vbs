@@ -15,6 +15,8 @@ For Each name In Array("clsReceiveBill", "clsPayBill", "clsRPInOutTypeView", "cl
   Set plugin = CreateObject("NUVARAPBillInterface." & name)
   Expect name, IsObject(plugin), True
   plugin.Show Nothing
+  Set plugin = CreateObject("NUVARAPBillInterface." & name & ".1")
+  Expect name & ".1", IsObject(plugin), True
   Set plugin = Nothing
 Next
 
@@ -43,6 +45,10 @@ For Each name In Array("clsReceiveBill", "clsPayBill")
   Err.Clear
   done = plugin.DoOptToBill(1000201, 31, 1, nCode, sText)
   Expect name & ".DoOptToBill", Err.Number <> 0 Or Not done, True
+  Dim bOk
+  bOk = 7
+  done = plugin.DoOptToBill(1000201, 31, 1, nCode, sText, bOk)
+  Expect name & ".DoOptToBill with six arguments", bOk, done
   On Error Goto 0
 Next
 

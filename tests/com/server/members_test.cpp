@@ -1,5 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <ostream>
+#include <type_traits>
+#include <utility>
+
 #include "NUVARAPBillInterface_h.h"
 #include "bridge/bridge.h"
 #include "bridge/wide_text.h"
@@ -28,6 +32,27 @@ class Members : public ::testing::Test {
   Outcome outcome;
 };
 
+/// Calls body(vtable pointer, class name) for each class with these members.
+template <class Body>
+void each_bill_class(Body body) {
+  body(create_as<_clsReceiveBill>("clsReceiveBill"), "clsReceiveBill");
+  body(create_as<_clsPayBill>("clsPayBill"), "clsPayBill");
+  body(create_as<_clsROtherBill>("clsROtherBill"), "clsROtherBill");
+  body(create_as<_clsPOtherBill>("clsPOtherBill"), "clsPOtherBill");
+}
+template <class Body>
+void each_list_class(Body body) {
+  each_bill_class(body);
+  body(create_as<_clsInvoice>("clsInvoice"), "clsInvoice");
+  body(create_as<_clsRPInitial>("clsRPInitial"), "clsRPInitial");
+}
+template <class Body>
+void each_class(Body body) {
+  each_list_class(body);
+  body(create_as<_clsRPInOutType>("clsRPInOutType"), "clsRPInOutType");
+  body(create_as<_clsRPInOutTypeView>("clsRPInOutTypeView"), "clsRPInOutTypeView");
+}
+
 /// Inside through the vtable.
 template <class I>
 VARIANT_BOOL inside(I* bill, VARIANT itm, std::vector<VARIANT> aCol) {
@@ -41,51 +66,92 @@ VARIANT_BOOL inside(I* bill, VARIANT itm, std::vector<VARIANT> aCol) {
   return bFound;
 }
 
-TEST_F(Members, InsideTakesAnyNumberOfValuesLateBound) {
-  for (const char* sClass : kBillClassNames) {
-    const auto oClass = create(sClass);
-    EXPECT_EQ(run(oClass, L"Inside", kCall, {number(6)}).value->boolVal, VARIANT_FALSE) << sClass;
-    EXPECT_EQ(run(oClass, L"Inside", kCall, {number(6), number(5)}).value->boolVal, VARIANT_FALSE) << sClass;
-    EXPECT_EQ(run(oClass, L"Inside", kCall, {number(6), number(5), number(6), number(7)}).value->boolVal, VARIANT_TRUE);
-    EXPECT_EQ(outcome.value->vt, VT_BOOL);
-  }
+/// All that DoOptToBill answers.
+struct OptAnswer {
+  HRESULT code = E_UNEXPECTED;
+  bool bDone = false;
+  short nCode = 0;
+  std::string sDesc;
+  bool bOk = false;
+  friend bool operator==(const OptAnswer&, const OptAnswer&) = default;
+};
+std::ostream& operator<<(std::ostream& out, const OptAnswer& answer) {
+  return out << std::hex << answer.code << std::dec << " " << answer.bDone << " " << answer.nCode << " " << answer.sDesc
+             << " " << answer.bOk;
 }
 
-TEST_F(Members, InsideIsTheSameThroughTheVtable) {
-  const auto bill = create_as<_clsReceiveBill>("clsReceiveBill");
-  EXPECT_EQ(inside(bill.get(), number(6), {}), VARIANT_FALSE);
-  EXPECT_EQ(inside(bill.get(), number(6), {number(5)}), VARIANT_FALSE);
-  EXPECT_EQ(inside(bill.get(), number(6), {number(5), number(6)}), VARIANT_TRUE);
-  const auto other = create_as<_clsPOtherBill>("clsPOtherBill");
-  EXPECT_EQ(inside(other.get(), truth(true), {number(-1)}), VARIANT_TRUE);
-  VARIANT_BOOL bFound = VARIANT_TRUE;
-  EXPECT_EQ(other->Inside(number(6), nullptr, &bFound), S_OK);
-  EXPECT_EQ(bFound, VARIANT_FALSE);
+template <class I>
+OptAnswer opt_through_the_vtable(I* bill, LONG nCheckType) {
+  OptAnswer answer;
+  BSTR sDesc = com::to_bstr("before").detach();
+  VARIANT_BOOL bOk = VARIANT_FALSE;
+  VARIANT_BOOL bDone = VARIANT_FALSE;
+  answer.code = bill->DoOptToBill(1000201, 31, nCheckType, &answer.nCode, &sDesc, &bOk, &bDone);
+  answer.sDesc = com::to_utf8(com::Bstr::adopt(sDesc).get());
+  answer.bOk = bOk == VARIANT_TRUE;
+  answer.bDone = bDone == VARIANT_TRUE;
+  return answer;
+}
+
+OptAnswer opt_late_bound(IDispatch* bill, LONG nCheckType) {
+  OptAnswer answer;
+  BSTR sDesc = com::to_bstr("before").detach();
+  VARIANT_BOOL bOk = VARIANT_FALSE;
+  Outcome outcome;
+  invoke(outcome, bill, L"DoOptToBill", kCall,
+         {number(1000201), number(31), number(nCheckType), reference(&answer.nCode), reference(&sDesc),
+          reference_to_truth(&bOk)});
+  answer.code = outcome.code;
+  answer.sDesc = com::to_utf8(com::Bstr::adopt(sDesc).get());
+  answer.bOk = bOk == VARIANT_TRUE;
+  answer.bDone = outcome.value->boolVal == VARIANT_TRUE;
+  return answer;
+}
+
+TEST_F(Members, InsideTakesAnyNumberOfValuesBothWays) {
+  const std::vector<std::vector<VARIANT>> aLists{
+      {}, {number(5)}, {number(5), number(6)}, {number(5), number(6), number(7)}};
+  each_bill_class([&](const auto& bill, const char* sClass) {
+    for (const std::vector<VARIANT>& aCol : aLists) {
+      std::vector<VARIANT> aArgs{number(6)};
+      aArgs.insert(aArgs.end(), aCol.begin(), aCol.end());
+      run(com::query<IDispatch>(bill.get()), L"Inside", kCall, aArgs);
+      const VARIANT_BOOL bExpected = aCol.size() > 1 ? VARIANT_TRUE : VARIANT_FALSE;
+      EXPECT_EQ(outcome.value->vt, VT_BOOL);
+      EXPECT_EQ(outcome.value->boolVal, bExpected) << sClass << " " << aCol.size();
+      EXPECT_EQ(inside(bill.get(), number(6), aCol), bExpected) << sClass << " " << aCol.size();
+    }
+    EXPECT_EQ(inside(bill.get(), truth(true), {number(-1)}), VARIANT_TRUE) << sClass;
+    VARIANT_BOOL bFound = VARIANT_TRUE;
+    EXPECT_EQ(bill->Inside(number(6), nullptr, &bFound), S_OK);
+    EXPECT_EQ(bFound, VARIANT_FALSE) << sClass;
+  });
 }
 
 TEST_F(Members, DoOptToBillReportsThroughItsReferencesBothWays) {
-  session.simple_answers[31] = {-1, "状态不对", "SK31"};
-  short nCode = 0;
-  com::Bstr sDesc = com::to_bstr("before");
-  const auto oClass = create("clsReceiveBill");
-  run(oClass, L"DoOptToBill", kCall,
-      {number(1000201), number(31), number(2), reference(&nCode), reference(sDesc.put())});
-  EXPECT_EQ(outcome.code, S_OK);
-  EXPECT_EQ(outcome.value->vt, VT_BOOL);
-  EXPECT_EQ(outcome.value->boolVal, VARIANT_FALSE);
-  EXPECT_EQ(nCode, -1);
-  EXPECT_EQ(com::to_utf8(sDesc.get()), "状态不对");
+  each_bill_class([&](const auto& bill, const char* sClass) {
+    session.simple_answers[31] = {-1, "状态不对", "SK31"};
+    const OptAnswer refused{S_OK, false, -1, "状态不对", false};
+    EXPECT_EQ(opt_through_the_vtable(bill.get(), 2), refused) << sClass;
+    EXPECT_EQ(opt_late_bound(com::query<IDispatch>(bill.get()).get(), 2), refused) << sClass;
+    session.simple_answers[31] = {0, "完成", "SK31"};
+    const OptAnswer done{S_OK, true, 0, "审核[编号:SK31]单据成功!完成", true};
+    EXPECT_EQ(opt_through_the_vtable(bill.get(), 1), done) << sClass;
+    EXPECT_EQ(opt_late_bound(com::query<IDispatch>(bill.get()).get(), 1), done) << sClass;
+  });
+}
 
-  short nVtableCode = 0;
-  com::Bstr sVtableDesc = com::to_bstr("before");
-  BSTR sPassed = sVtableDesc.detach();
-  VARIANT_BOOL bDone = VARIANT_TRUE;
-  const auto bill = com::query<_clsReceiveBill>(oClass.get());
-  EXPECT_EQ(bill->DoOptToBill(1000201, 31, 2, &nVtableCode, &sPassed, &bDone), S_OK);
-  const com::Bstr sAnswer = com::Bstr::adopt(sPassed);
-  EXPECT_EQ(bDone, VARIANT_FALSE);
-  EXPECT_EQ(nVtableCode, -1);
-  EXPECT_EQ(com::to_utf8(sAnswer.get()), "状态不对");
+TEST_F(Members, DoOptToBillAnswersTheSameBothWaysForEveryOperationAndCode) {
+  each_bill_class([&](const auto& bill, const char* sClass) {
+    for (const std::int32_t nCode : {-1, 0, 1, 5}) {
+      session.simple_answers[31] = {nCode, "说明", "SK31"};
+      for (const LONG nCheckType : {0, 1, 2, 9}) {
+        EXPECT_EQ(opt_through_the_vtable(bill.get(), nCheckType),
+                  opt_late_bound(com::query<IDispatch>(bill.get()).get(), nCheckType))
+            << sClass << " " << nCode << " " << nCheckType;
+      }
+    }
+  });
 }
 
 TEST_F(Members, DoOptToBillTakesVariantsByReferenceAsScriptsPassThem) {
@@ -103,20 +169,24 @@ TEST_F(Members, DoOptToBillTakesVariantsByReferenceAsScriptsPassThem) {
 }
 
 TEST_F(Members, DoOptToBillDoesWithoutItsOptionalArguments) {
-  const auto oClass = create("clsPayBill");
-  run(oClass, L"DoOptToBill", kCall, {number(1000202), number(31), number(1)});
-  EXPECT_EQ(outcome.code, S_OK);
-  EXPECT_EQ(outcome.value->boolVal, VARIANT_TRUE);
-  run(oClass, L"DoOptToBill", kCall, {number(1000202), number(31), number(1), omitted(), omitted()});
-  EXPECT_EQ(outcome.code, S_OK);
-  VARIANT_BOOL bDone = VARIANT_FALSE;
-  EXPECT_EQ(com::query<_clsPayBill>(oClass.get())->DoOptToBill(1000202, 31, 1, nullptr, nullptr, &bDone), S_OK);
-  EXPECT_EQ(bDone, VARIANT_TRUE);
+  each_bill_class([&](const auto& bill, const char* sClass) {
+    const auto oClass = com::query<IDispatch>(bill.get());
+    for (const std::size_t nOmitted : {0u, 2u, 3u}) {
+      std::vector<VARIANT> aArgs{number(1000202), number(31), number(1)};
+      aArgs.resize(aArgs.size() + nOmitted, omitted());
+      run(oClass, L"DoOptToBill", kCall, aArgs);
+      EXPECT_EQ(outcome.code, S_OK) << sClass;
+      EXPECT_EQ(outcome.value->boolVal, VARIANT_TRUE) << sClass;
+    }
+    VARIANT_BOOL bDone = VARIANT_FALSE;
+    EXPECT_EQ(bill->DoOptToBill(1000202, 31, 1, nullptr, nullptr, nullptr, &bDone), S_OK) << sClass;
+    EXPECT_EQ(bDone, VARIANT_TRUE) << sClass;
+  });
 }
 
 TEST_F(Members, ListSourceCanBeSetReadAndClearedInEveryWay) {
-  for (const char* sClass : kListClassNames) {
-    const auto oClass = create(sClass);
+  each_list_class([&](const auto& list, const char* sClass) {
+    const auto oClass = com::query<IDispatch>(list.get());
     const auto oList = make_object<TestList>();
     const com::ComPtr<IDispatch> source = com::dispatch_of(oList);
     EXPECT_EQ(run(oClass, L"m_LstInterface", kGet, {}).value->vt, VT_DISPATCH) << sClass;
@@ -128,34 +198,53 @@ TEST_F(Members, ListSourceCanBeSetReadAndClearedInEveryWay) {
       EXPECT_EQ(run(oClass, L"m_LstInterface", kPutRef, {object_value(nullptr)}).code, S_OK) << sClass;
       EXPECT_EQ(oList->events.size(), 0u) << sClass;
     }
-  }
+  });
 }
 
 TEST_F(Members, ListSourceIsTheSameThroughTheVtable) {
-  const auto invoice = create_as<_clsInvoice>("clsInvoice");
-  const auto oList = make_object<TestList>();
-  const com::ComPtr<IDispatch> source = com::dispatch_of(oList);
-  com::ComPtr<IDispatch> read;
-  EXPECT_EQ(invoice->get_m_LstInterface(read.put()), S_OK);
-  EXPECT_FALSE(read);
-  EXPECT_EQ(invoice->putref_m_LstInterface(source.get()), S_OK);
-  EXPECT_EQ(oList->events.size(), 1u);
-  EXPECT_EQ(invoice->get_m_LstInterface(read.put()), S_OK);
-  EXPECT_EQ(read.get(), source.get());
-  EXPECT_EQ(invoice->put_m_LstInterface(nullptr), S_OK);
-  EXPECT_EQ(oList->events.size(), 0u);
+  each_list_class([](const auto& list, const char* sClass) {
+    const auto oList = make_object<TestList>();
+    const com::ComPtr<IDispatch> source = com::dispatch_of(oList);
+    com::ComPtr<IDispatch> read;
+    EXPECT_EQ(list->get_m_LstInterface(read.put()), S_OK) << sClass;
+    EXPECT_FALSE(read) << sClass;
+    EXPECT_EQ(list->putref_m_LstInterface(source.get()), S_OK) << sClass;
+    EXPECT_EQ(oList->events.size(), 1u) << sClass;
+    EXPECT_EQ(list->get_m_LstInterface(read.put()), S_OK) << sClass;
+    EXPECT_EQ(read.get(), source.get()) << sClass;
+    EXPECT_EQ(list->put_m_LstInterface(nullptr), S_OK) << sClass;
+    EXPECT_EQ(oList->events.size(), 0u) << sClass;
+    EXPECT_EQ(list->put_m_LstInterface(source.get()), S_OK) << sClass;
+    EXPECT_EQ(oList->events.size(), 1u) << sClass;
+  });
 }
 
-TEST_F(Members, ShowBindsLateBoundAndThroughTheVtable) {
-  const auto oLate = create("clsReceiveBill");
-  const auto early = create_as<_clsPayBill>("clsPayBill");
-  const auto oReceipt = make_settlement_bill(Side::Receive);
-  const auto oPayment = make_settlement_bill(Side::Pay);
-  EXPECT_EQ(run(oLate, L"Show", kCall, {object_value(com::dispatch_of(oReceipt).get())}).code, S_OK);
-  EXPECT_EQ(outcome.value->vt, VT_EMPTY);
-  EXPECT_EQ(early->Show(com::dispatch_of(oPayment).get()), S_OK);
-  EXPECT_EQ(oReceipt->events.size(), 1u);
-  EXPECT_EQ(oPayment->events.size(), 1u);
+TEST_F(Members, ShowBindsTheSameSourcesLateBoundAndThroughTheVtable) {
+  const auto oBill = make_settlement_bill(Side::Receive);
+  const auto oList = make_object<TestList>();
+  const auto oBase = make_object<TestBaseClass>();
+  const auto heard = [&] { return oBill->events.size() + oList->events.size() + oBase->events.size(); };
+  each_class([&](const auto& object, const char* sClass) {
+    using I = std::remove_cvref_t<decltype(*object.get())>;
+    std::size_t nBound = 0;
+    for (const Ref<Object>& oSource : {Ref<Object>(oBill), Ref<Object>(oList), Ref<Object>(oBase)}) {
+      const com::ComPtr<IDispatch> source = com::dispatch_of(oSource);
+      const auto shown_by = [&](const auto& show) {
+        const auto oClass = create_as<I>(sClass);
+        const HRESULT code = show(oClass.get());
+        return std::pair(code, heard());
+      };
+      const auto late = shown_by([&](I* oClass) {
+        run(com::query<IDispatch>(oClass), L"Show", kCall, {object_value(source.get())});
+        EXPECT_EQ(outcome.value->vt, VT_EMPTY);
+        return outcome.code == DISP_E_EXCEPTION ? outcome.scode : outcome.code;
+      });
+      const auto early = shown_by([&](I* oClass) { return oClass->Show(source.get()); });
+      EXPECT_EQ(late, early) << sClass << " " << oSource->type_name();
+      nBound += early.second;
+    }
+    EXPECT_GT(nBound, 0u) << sClass;
+  });
 }
 
 TEST_F(Members, ErrorIsTheSameThroughBothWays) {

@@ -36,6 +36,7 @@ std::string type_text(const TYPEDESC& type) {
   switch (type.vt) {
     case VT_I2: return "short";
     case VT_I4: return "long";
+    case VT_R8: return "double";
     case VT_BOOL: return "boolean";
     case VT_BSTR: return "text";
     case VT_VARIANT: return "variant";
@@ -128,6 +129,16 @@ TEST(TypeLibrary, TellsTheApprovedNamesIdentifiersMembersAndHelpTexts) {
   std::stringstream approved;
   approved << file.rdbuf();
   EXPECT_EQ(sListing, approved.str());
+}
+
+TEST(TypeLibrary, EveryClassInterfaceAndMemberHasAHelpText) {
+  std::istringstream lines(listing(*library().get()));
+  int nLines = 0;
+  for (std::string sLine; std::getline(lines, sLine); ++nLines) {
+    const bool bDefault = sLine.starts_with("  default ");
+    EXPECT_TRUE(bDefault || sLine.find(" | ") + 3 < sLine.size()) << sLine;
+  }
+  EXPECT_GT(nLines, 40);
 }
 
 TEST(TypeLibrary, EveryObjectPointsToItsPlaceInTheLibrary) {

@@ -1,15 +1,14 @@
 #include "plugin/settlement/list_fixture.h"
 
-#include "lists/bar_templates.h"
-
 namespace arap::testing {
 namespace {
 
 class ListBar : public SettlementList {
  protected:
   void set_up(bool bSelection = false) {
+    // The first bar loads the form of the templates.
+    list->fire(Event::BarInitialize, {TestBar::of_list_window()});
     if (bSelection) list->form->property(Member::ShowMode, 3);
-    LoadedFrmBar();
     trace().clear();
     list->fire(Event::BarInitialize, {list->bar});
   }
@@ -37,11 +36,11 @@ TEST_P(ListBar, TheNewToolsHaveTheirTextsAndPictures) {
   const auto texts = [this](const char* sTool) {
     const TestTool& tool = bar().tool(sTool);
     return Lines{tool.caption(), plain_text(tool.property(Member::Description)),
-                 plain_text(tool.property(Member::ToolTipText)), plain_text(tool.picture)};
+                 plain_text(tool.property(Member::ToolTipText)), show(tool.picture)};
   };
-  EXPECT_EQ(texts("Check"), (Lines{"审核", "审核", "审核", "CHECK"}));
-  EXPECT_EQ(texts("UnCheck"), (Lines{"反审核", "反审", "取消审核", "CONVERT"}));
-  EXPECT_EQ(texts("Voucher"), (Lines{"凭证", "凭证", "查看凭证", "VOUCHER"}));
+  EXPECT_EQ(texts("Check"), (Lines{"审核", "审核", "审核", "\"CHECK\""}));
+  EXPECT_EQ(texts("UnCheck"), (Lines{"反审核", "反审", "取消审核", "\"CONVERT\""}));
+  EXPECT_EQ(texts("Voucher"), (Lines{"凭证", "凭证", "查看凭证", "\"VOUCHER\""}));
 }
 
 TEST_P(ListBar, TheNewToolsStandAtTheirPlaces) {

@@ -155,12 +155,21 @@ TEST_P(PartialRefund, NoFailingHostCallLeavesIt) {
   EXPECT_GT(nFaults, 10);
 }
 
-TEST_P(PartialRefund, NothingOfItIsWiredToTheBillOrTheHost) {
+TEST_P(PartialRefund, NothingIsCollectedByACommandOrASave) {
+  refund(77, 60);
+  bill->click("mnuFileSave");
+  bill->save();
+  EXPECT_FALSE(pay().Refunds());
+}
+
+class RefundOfAPayment : public PartialRefund {};
+INSTANTIATE_TEST_SUITE_P(, RefundOfAPayment, ::testing::Values(Side::Pay), SideName);
+
+TEST_P(RefundOfAPayment, NoCommandAndNoSaveAsksForItsStoredRows) {
   refund(77, 60);
   bill->click("mnuFileSave");
   bill->save();
   EXPECT_TRUE(session.bulk_data.texts.empty());
-  EXPECT_FALSE(pay().Refunds());
 }
 
 }  // namespace
