@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstring>
 #include <string>
 #include <utility>
 
@@ -101,7 +102,7 @@ BOOL WINAPI create_process(LPCWSTR, LPWSTR sCommand, LPSECURITY_ATTRIBUTES, LPSE
   return TRUE;
 }
 
-/// A picture of the server, which stands in a trace as the name that the rules gave.
+/// A picture of the server, which stands in a trace as the name of what it shows.
 class NamedPicture final : public TestObject {
  public:
   explicit NamedPicture(std::string sName) : name_(std::move(sName)) {}
@@ -113,18 +114,36 @@ class NamedPicture final : public TestObject {
   std::string name_;
 };
 
-std::string g_picture;  // the resource that was loaded last
+/// A search for the picture among the server's resources that has these points.
+struct PictureSearch {
+  const void* points;
+  std::string sFound;
+};
 
-HANDLE WINAPI load_image(HINSTANCE instance, LPCWSTR sName, UINT nType, int nWidth, int nHeight, UINT nFlags) {
-  if (!IS_INTRESOURCE(sName)) g_picture = com::to_utf8(std::wstring_view(sName));
-  return LoadImageW(instance, sName, nType, nWidth, nHeight, nFlags);
+BOOL CALLBACK compare_picture(HMODULE module, LPCWSTR sType, LPWSTR sName, LONG_PTR parameter) {
+  auto& search = *reinterpret_cast<PictureSearch*>(parameter);
+  const HRSRC resource = FindResourceW(module, sName, sType);
+  const auto* const header = static_cast<const BITMAPINFOHEADER*>(LockResource(LoadResource(module, resource)));
+  const char* const points = reinterpret_cast<const char*>(header) + header->biSize;
+  if (std::memcmp(search.points, points, SizeofResource(module, resource) - header->biSize) != 0) return TRUE;
+  search.sFound = com::to_utf8(std::wstring_view(sName));
+  return FALSE;
+}
+
+std::string shown_by(HBITMAP bitmap) {
+  DIBSECTION section{};
+  if (GetObjectW(bitmap, sizeof section, &section) != static_cast<int>(sizeof section)) return "no bitmap";
+  PictureSearch search{section.dsBm.bmBits, "an unknown picture"};
+  EnumResourceNamesW(ServerUnderTest::module(), RT_BITMAP, compare_picture, reinterpret_cast<LONG_PTR>(&search));
+  return search.sFound;
 }
 
 HRESULT WINAPI create_picture(LPPICTDESC description, REFIID, BOOL bOwn, LPVOID* out) {
   com::ComPtr<IPicture> real;
+  std::string sName = shown_by(description->bmp.hbitmap);
   const HRESULT made = OleCreatePictureIndirect(description, IID_IPicture, bOwn, real.put_void());
   if (FAILED(made)) return made;
-  return com::dispatch_of(make_object<NamedPicture>(g_picture))->QueryInterface(IID_IDispatch, out);
+  return com::dispatch_of(make_object<NamedPicture>(std::move(sName)))->QueryInterface(IID_IDispatch, out);
 }
 
 template <class Function>
@@ -147,7 +166,6 @@ ScriptedMachine::ScriptedMachine(HMODULE server) {
   patch("GetFileAttributesW", address(file_attributes));
   patch("SetFileAttributesW", address(set_file_attributes));
   patch("CreateProcessW", address(create_process));
-  patch("LoadImageW", address(load_image));
   patch("OleCreatePictureIndirect", address(create_picture));
 }
 

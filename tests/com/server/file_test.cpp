@@ -81,13 +81,14 @@ TEST(File, TellsItsVersion) {
 
 TEST(File, HoldsEveryPictureOfTheImageList) {
   for (const wchar_t* sName : {L"SUM", L"PART", L"VOUCHER", L"VIEW", L"CHECK", L"CONVERT", L"RED", L"BLUE"}) {
-    const HANDLE image = LoadImageW(ServerUnderTest::module(), sName, IMAGE_BITMAP, 0, 0, LR_CREATEDIBSECTION);
-    ASSERT_NE(image, nullptr) << com::to_utf8(std::wstring_view(sName));
-    BITMAP bitmap{};
-    EXPECT_EQ(GetObjectW(image, sizeof bitmap, &bitmap), static_cast<int>(sizeof bitmap));
-    EXPECT_EQ(bitmap.bmWidth, 16);
-    EXPECT_EQ(bitmap.bmHeight, 16);
-    DeleteObject(image);
+    const HRSRC resource = FindResourceW(ServerUnderTest::module(), sName, RT_BITMAP);
+    ASSERT_NE(resource, nullptr) << com::to_utf8(std::wstring_view(sName));
+    const HGLOBAL block = LoadResource(ServerUnderTest::module(), resource);
+    const auto& header = *static_cast<const BITMAPINFOHEADER*>(LockResource(block));
+    EXPECT_EQ(header.biWidth, 16);
+    EXPECT_EQ(header.biHeight, 16);
+    EXPECT_EQ(header.biBitCount, 24);
+    EXPECT_EQ(SizeofResource(ServerUnderTest::module(), resource), header.biSize + 16 * 16 * 3);
   }
 }
 
