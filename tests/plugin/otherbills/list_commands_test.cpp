@@ -112,6 +112,23 @@ TEST_P(OtherList, ADeleteRunsStepByStep) {
   expect_golden("list_delete");
 }
 
+TEST_P(OtherList, CheckUncheckAndVoucherRunStepByStep) {
+  struct Example {
+    const char* sTool;
+    std::int32_t nStatus;
+    const char* sGolden;
+  };
+  for (const Example& example :
+       {Example{"Check", 0, "list_check"}, {"UnCheck", 1, "list_uncheck"}, {"Voucher", 1, "list_voucher"}}) {
+    list->selection->items.clear();
+    for (const std::int32_t nBillID : {5, 5, 6}) select(nBillID, example.nStatus, "2024-01-15", nBillID * 11);
+    session.next_task = 501;
+    trace().clear();
+    list->click(example.sTool);
+    expect_golden(example.sGolden);
+  }
+}
+
 TEST_P(OtherList, ThreeLinesOfTwoBillsAreTwoOperationsAndTwoLinesInTheGrid) {
   stored(5, 0);
   stored(6, 0);

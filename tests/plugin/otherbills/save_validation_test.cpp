@@ -56,6 +56,14 @@ TEST_P(OtherSave, TheTypesAndTheAccountGoToTheServer) {
   EXPECT_EQ(args[2].as<std::int32_t>(), 1001);
 }
 
+TEST_P(OtherSave, TheAccountIsReadAheadOfTheRows) {
+  trace().set_detail(Trace::Detail::All);
+  bill->save();
+  const auto nAccount = trace().position("GetFieldInfoByKey(\"FAcctId\"");
+  ASSERT_GE(nAccount, 0);
+  EXPECT_LT(nAccount, trace().position("GetFieldInfoByKey(\"FInOutTypeId\""));
+}
+
 TEST_P(OtherSave, TheHeadTakesTheSumsOfTheRowsInBothCurrencies) {
   bill->set_value("FBillAmount", 1, 61.0);
   bill->head("FExchangeRate", 2.0);

@@ -35,6 +35,26 @@ TEST_P(ListClick, DeleteAsksAndAlwaysCancels) {
   EXPECT_EQ(refreshes(), 1u);
 }
 
+TEST_P(ListClick, EachCommandRunsInTheApprovedOrder) {
+  struct Example {
+    const char* sTool;
+    std::int32_t nStatus;
+    const char* sGolden;
+  };
+  for (const Example& example : {Example{"mnuEditDelete", 0, "list_delete"},
+                                 {"Check", 0, "list_check"},
+                                 {"UnCheck", 1, "list_uncheck"},
+                                 {"Voucher", 1, "list_voucher"}}) {
+    list->selection->items.clear();
+    for (const std::int32_t nBillID : {5, 6}) have(nBillID, {.nStatus = example.nStatus, .vVoucher = nBillID * 11});
+    select({5, 5, 6});
+    session.next_task = 501;
+    trace().clear();
+    list->click(example.sTool);
+    expect_golden(example.sGolden);
+  }
+}
+
 TEST_P(ListClick, DeleteStopsWhenTheUserDoesNotAgree) {
   select_ready({5});
   session.platform.answer(7);

@@ -15,6 +15,7 @@ std::string in_names_of_the_payment(std::string sText) {
       {"icsale", "ICPurchase"},
       {"clsArBill", "clsApBill"},
       {"1000201", "1000202"},
+      {"AR022", "AP022"},
       {"mnuSelectBill_2000001", "mnuSelectBill_2000002"},
       {"应收单据自动合计收款金额", "应付单据自动合计付款金额"},
       {"应收单据自动分摊收款金额", "应付单据自动分摊付款金额"}};
@@ -39,8 +40,9 @@ Lines joined(std::initializer_list<Lines> aParts) {
   return aAll;
 }
 
-TEST(TwinTraces, SaveCheckUncheckAndMenuDifferInNamesAlone) {
-  for (const char* sName : {"before_save", "check", "check_refused", "uncheck", "menu_setup"}) {
+TEST(TwinTraces, SaveCheckUncheckMenuAndListCommandsDifferInNamesAlone) {
+  for (const char* sName : {"before_save", "check", "check_refused", "uncheck", "menu_setup", "list_delete",
+                            "list_check", "list_uncheck", "list_voucher"}) {
     EXPECT_EQ(differences_of(sName), Lines()) << sName;
   }
 }
