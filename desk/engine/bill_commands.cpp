@@ -32,6 +32,10 @@ Outcome BillWindow::run_host_command(BarTool& tool) {
   if (arap::EqualsNoCase(tool.sName, "mnuFileSave")) return save();
   if (arap::EqualsNoCase(tool.sName, "mnuFileNew")) {
     new_bill();
+  } else if (arap::EqualsNoCase(tool.sName, "mnuDataPre")) {
+    return go_to_neighbour(RecordStore::Direction::Previous);
+  } else if (arap::EqualsNoCase(tool.sName, "mnuDataNext")) {
+    return go_to_neighbour(RecordStore::Direction::Next);
   } else if (arap::EqualsNoCase(tool.sName, "mnuFileExit")) {
     close();
   } else if (arap::EqualsNoCase(tool.sName, "mnuEditDelete")) {
@@ -45,6 +49,15 @@ Outcome BillWindow::run_host_command(BarTool& tool) {
     return select_sources(nType != 0 ? nType : arap::LongOf(std::string_view(tool.sName).substr(kSelectPrefix.size())));
   }
   return Outcome::done();
+}
+
+/// What isn't saved is given up: to ask about it is the view's.
+Outcome BillWindow::go_to_neighbour(RecordStore::Direction direction) {
+  const std::int32_t nBillID = store_->neighbour(bill_id_, direction);
+  if (nBillID == 0) {
+    return Outcome::refused(direction == RecordStore::Direction::Previous ? "前面没有单据了。" : "后面没有单据了。");
+  }
+  return load_bill(nBillID) ? Outcome::done() : Outcome::refused("单据不存在，可能已被删除。");
 }
 
 /// A new bill takes the place of the deleted one. One that was never stored just goes away.

@@ -31,6 +31,8 @@ class BillStore final : public RecordStore {
   /// The id of the bill of that number; 0 when there is none.
   std::int32_t find_number(const std::string& sBillNo) override;
 
+  std::int32_t neighbour(std::int32_t nBillID, Direction direction) override;
+
  private:
   std::string typed_number(const DataRow& head, std::int32_t nBillID);
   std::string next_number();

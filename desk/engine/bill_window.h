@@ -166,6 +166,7 @@ class BillWindow final : public arap::Object {
 
   // bill_commands.cpp
   Outcome run_host_command(BarTool& tool);
+  Outcome go_to_neighbour(RecordStore::Direction direction);
   Outcome delete_bill();
   Outcome delete_active_row();
   Outcome select_sources(std::int32_t nType);

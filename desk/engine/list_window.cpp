@@ -36,9 +36,10 @@ namespace {
 
 /// What the desk serves of the list's own commands.
 constexpr ShippedTool kListTools[] = {
-    {"mnuFileNew", "新增"},    {"mnuFileView", "查看"},   {"mnuEditModify", "修改"},
-    {"mnuEditDelete", "删除"}, {"mnuDataFilter", "筛选"}, {"mnuDataRefesh", "刷新"},
-    {"mnuExportData", "导出"}, {"mnuFileExit", "退出"},   {"mnuDataViewNextBill", "关联单据"},
+    {"mnuFileNew", "新增"},     {"mnuFileView", "查看"},   {"mnuEditModify", "修改"},
+    {"mnuEditDelete", "删除"},  {"mnuDataFilter", "筛选"}, {"mnuDataRefesh", "刷新"},
+    {"mnuExportData", "导出"},  {"mnuFileExit", "退出"},   {"mnuDataViewNextBill", "关联单据"},
+    {"mnuFilePreview", "预览"}, {"mnuFilePrint", "打印"},  {"mnuCaculate", "计算器"},
 };
 
 /// The bar of every list of the desk.

@@ -17,6 +17,8 @@ class RecordStore {
     std::string sBillNo;
   };
 
+  enum class Direction { Previous, Next };
+
   RecordStore() = default;
   RecordStore(const RecordStore&) = delete;
   RecordStore& operator=(const RecordStore&) = delete;
@@ -30,6 +32,9 @@ class RecordStore {
   virtual bool load(std::int32_t nBillID, DataRow& head, BodyPage& body) = 0;
   /// The id of the record of that number; 0 when there is none.
   virtual std::int32_t find_number(const std::string& sNumber) = 0;
+  /// The id of the record before or after that one in the order of the list; 0 when there is none. After id 0, a new
+  /// record, comes nothing, and before it the last one. A store without an order knows no neighbours.
+  virtual std::int32_t neighbour(std::int32_t, Direction) { return 0; }
 };
 
 }  // namespace desk

@@ -1,5 +1,6 @@
 #include "windows/bar_view.h"
 
+#include <QAbstractScrollArea>
 #include <QAction>
 #include <QMenu>
 #include <QMenuBar>
@@ -32,6 +33,13 @@ std::vector<const BarTool*> unplaced(const Bar& bar) {
   return tools;
 }
 
+/// Whether anything is to be seen in the menu.
+bool has_commands(const QMenu& menu) {
+  const QList<QAction*> actions = menu.actions();
+  return std::any_of(actions.begin(), actions.end(),
+                     [](const QAction* pAction) { return !pAction->isSeparator() && pAction->isVisible(); });
+}
+
 void add_separator(QWidget& place) {
   auto* pSeparator = new QAction(&place);
   pSeparator->setSeparator(true);
@@ -56,6 +64,26 @@ BarView::BarView(Bar& bar, BarLayout barLayout, QMenuBar& menus, QToolBar& tools
   refresh();
 }
 
+void BarView::pop_up_over(QAbstractScrollArea& grid) {
+  grid.setContextMenuPolicy(Qt::CustomContextMenu);
+  connect(&grid, &QWidget::customContextMenuRequested, this,
+          [this, &grid](const QPoint& place) { pop_up(grid, grid.viewport()->mapToGlobal(place)); });
+}
+
+void BarView::pop_up(QWidget& grid, const QPoint& place) {
+  const BarBand* pBand = bar_.find_band(layout_.sPopBand);
+  if (pBand == nullptr) return;
+  auto* pMenu = new QMenu(&grid);
+  pMenu->setObjectName(QStringLiteral("popup"));
+  connect(pMenu, &QMenu::aboutToHide, pMenu, &QObject::deleteLater);
+  fill(*pMenu, *pBand);
+  if (has_commands(*pMenu)) {
+    pMenu->popup(place);
+  } else {
+    delete pMenu;
+  }
+}
+
 /// What stands where; the menus are built again only when this moves.
 std::vector<std::vector<const BarTool*>> BarView::layout() const {
   std::vector<std::vector<const BarTool*>> places;
@@ -78,16 +106,21 @@ QAction* BarView::add_action(BarTool& tool) {
   return place->second = pAction;
 }
 
+void BarView::fill(QWidget& place, const BarBand& band) {
+  for (const auto& tool : band.aTools) {
+    if (tool->bBeginGroup) add_separator(place);
+    place.addAction(add_action(*tool));
+  }
+}
+
 void BarView::build() {
   menus_.clear();
   tools_.clear();
   for (const auto& band : bar_.bands()) {
-    const bool bToolBar = arap::EqualsNoCase(band->sName, layout_.sToolBand);
-    if (!bToolBar && band->aTools.empty()) continue;
-    QWidget* pPlace = bToolBar ? static_cast<QWidget*>(&tools_) : menus_.addMenu(qt(band->sCaption));
-    for (const auto& tool : band->aTools) {
-      if (tool->bBeginGroup) add_separator(*pPlace);
-      pPlace->addAction(add_action(*tool));
+    if (arap::EqualsNoCase(band->sName, layout_.sToolBand)) {
+      fill(tools_, *band);
+    } else if (!band->aTools.empty() && !arap::EqualsNoCase(band->sName, layout_.sPopBand)) {
+      fill(*menus_.addMenu(qt(band->sCaption)), *band);
     }
   }
   for (const BarTool* pTool : unplaced(bar_)) tools_.addAction(add_action(const_cast<BarTool&>(*pTool)));
@@ -110,12 +143,7 @@ void BarView::refresh() {
     pAction->setChecked(pTool->bChecked);
   }
   // A menu of which nothing is to be seen isn't there either.
-  for (QAction* pMenu : menus_.actions()) {
-    const QList<QAction*> actions = pMenu->menu()->actions();
-    pMenu->setVisible(std::any_of(actions.begin(), actions.end(), [](const QAction* pAction) {
-      return !pAction->isSeparator() && pAction->isVisible();
-    }));
-  }
+  for (QAction* pMenu : menus_.actions()) pMenu->setVisible(has_commands(*pMenu->menu()));
 }
 
 QAction* BarView::action(const std::string& sTool) const {

@@ -11,6 +11,7 @@
 
 #include "engine/bars.h"
 
+class QAbstractScrollArea;
 class QAction;
 class QKeySequence;
 class QMenuBar;
@@ -24,9 +25,11 @@ struct Shortcut {
   const char* sKeys;
 };
 
-/// How a bar is laid out: the band that becomes the toolbar, while the others become menus, and its keys.
+/// How a bar is laid out: the band that becomes the toolbar, the one that pops up over the grid, while the others
+/// become menus, and its keys.
 struct BarLayout {
   std::string sToolBand;
+  std::string sPopBand;
   std::span<const Shortcut> shortcuts;
 };
 
@@ -42,9 +45,13 @@ class BarView final : public QObject {
   /// After each command: what the bar looks like now.
   void refresh();
   QAction* action(const std::string& sTool) const;
+  /// A right click on the grid, or the Menu key, opens the popup band there.
+  void pop_up_over(QAbstractScrollArea& grid);
 
  private:
   void build();
+  void fill(QWidget& place, const BarBand& band);
+  void pop_up(QWidget& grid, const QPoint& place);
   QAction* add_action(BarTool& tool);
   QKeySequence keys_of(const std::string& sTool) const;
   std::vector<std::vector<const BarTool*>> layout() const;

@@ -20,8 +20,9 @@ namespace {
 constexpr int kFewBills = 10;
 
 constexpr Shortcut kListShortcuts[] = {
-    {"mnuFileNew", "Ctrl+N"}, {"mnuFileExit", "Ctrl+W"},   {"mnuEditDelete", "Del"}, {"Check", "F4"},
-    {"UnCheck", "Shift+F4"},  {"mnuDataFilter", "Ctrl+F"}, {"mnuExportData", "F11"}, {"Voucher", "Ctrl+Shift+V"},
+    {"mnuFileNew", "Ctrl+N"},   {"mnuFileExit", "Ctrl+W"},   {"mnuEditDelete", "Del"}, {"Check", "F4"},
+    {"UnCheck", "Shift+F4"},    {"mnuDataFilter", "Ctrl+F"}, {"mnuExportData", "F11"}, {"Voucher", "Ctrl+Shift+V"},
+    {"mnuFilePrint", "Ctrl+P"}, {"mnuCaculate", "F9"},
 };
 
 /// The head's columns, and what an entry names: a source bill that is settled, or a type of income or expense.
@@ -92,6 +93,8 @@ void BillListView::run_desk_command(const std::string& sTool) {
     view_->filter().setFocus(Qt::ShortcutFocusReason);
   } else if (arap::EqualsNoCase(sTool, "mnuExportData")) {
     ask_and_export_csv(view_->model(), windowTitle(), this);
+  } else {
+    PluginRoom::run_desk_command(sTool);
   }
 }
 

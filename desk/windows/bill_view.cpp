@@ -7,13 +7,16 @@
 #include <QToolBar>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <array>
 
 #include "frame/contract_bill.h"
 #include "frame/conversions.h"
+#include "windows/calculator.h"
 #include "windows/captions.h"
 #include "windows/focus_keeper.h"
 #include "windows/print_bill.h"
+#include "windows/printing.h"
 #include "windows/qt_text.h"
 #include "windows/selection_dialog.h"
 #include "windows/states.h"
@@ -25,6 +28,7 @@ namespace desk {
 namespace {
 
 constexpr std::string_view kToolBand = "BandToolBar";
+constexpr std::string_view kPopBand = "mnuPop";
 constexpr std::array kBillShortcuts{
     Shortcut{"mnuFileNew", "Ctrl+N"},        Shortcut{"mnuFileSave", "Ctrl+S"},
     Shortcut{"mnuFilePrint", "Ctrl+P"},      Shortcut{"mnuFileExit", "Ctrl+W"},
@@ -32,7 +36,8 @@ constexpr std::array kBillShortcuts{
     Shortcut{"mnuDataAutoSumAmt", "F8"},     Shortcut{"mnuDataAutoPartAmt", "Shift+F8"},
     Shortcut{"mnuEditAddRow", "Ctrl+Ins"},   Shortcut{"mnuEditDelRow", "Ctrl+Del"},
     Shortcut{"mnuSelectBill_2000001", "F6"}, Shortcut{"mnuSelectBill_2000002", "F6"},
-    Shortcut{"mnuViewVch", "Ctrl+Shift+V"},
+    Shortcut{"mnuViewVch", "Ctrl+Shift+V"},  Shortcut{"mnuDataPre", "Ctrl+PgUp"},
+    Shortcut{"mnuDataNext", "Ctrl+PgDown"},  Shortcut{"mnuCalculate", "F9"},
 };
 constexpr std::int32_t kFirstPanel = 1;
 constexpr std::int32_t kLastPanel = 8;
@@ -42,6 +47,13 @@ CurrencyNames currency_names(Database& database) {
   const Rows rows = database.query("SELECT FCurrencyID, FName FROM t_Currency");
   for (std::size_t i = 0; i < rows.size(); ++i) names[arap::LongOf(rows.at(i, 0))] = qt(arap::Concat(rows.at(i, 1)));
   return names;
+}
+
+/// Whether the command takes the bill out of the window.
+bool leaves_bill(std::string_view sTool) {
+  constexpr std::array<std::string_view, 4> kLeaving{"mnuFileExit", "mnuFileNew", "mnuDataPre", "mnuDataNext"};
+  return std::any_of(kLeaving.begin(), kLeaving.end(),
+                     [sTool](std::string_view sOther) { return arap::EqualsNoCase(sTool, sOther); });
 }
 
 }  // namespace
@@ -74,8 +86,9 @@ void BillView::build() {
   body_ = new BodyGrid(
       *model_, [this](const std::string& sKey) { return window_->choices(sKey); }, this);
   bars_ = new BarView(
-      window_->bar(), {std::string(kToolBand), kBillShortcuts}, *pMenus, *pTools,
+      window_->bar(), {std::string(kToolBand), std::string(kPopBand), kBillShortcuts}, *pMenus, *pTools,
       [this](const std::string& sTool) { press(sTool); }, this);
+  bars_->pop_up_over(*body_);
   auto* pStatus = new QWidget(this);
   auto* pStatusLine = new QHBoxLayout(pStatus);
   pStatusLine->setContentsMargins(8, 2, 8, 2);
@@ -151,17 +164,56 @@ void BillView::press(const std::string& sTool) {
   body_->enter_now();
   if (auto* pEdit = qobject_cast<FieldEdit*>(QApplication::focusWidget()); pEdit != nullptr && isAncestorOf(pEdit))
     pEdit->enter_now();
-  const bool bLeavesBill = arap::EqualsNoCase(sTool, "mnuFileExit") || arap::EqualsNoCase(sTool, "mnuFileNew");
-  if (bLeavesBill && !may_close()) return;
+  if (leaves_bill(sTool) && !may_close()) return;
   const BarTool* pTool = window_->bar().find_tool(sTool);
   const QString sName = pTool != nullptr && !pTool->sCaption.empty() ? qt(pTool->sCaption) : qt(sTool);
   const bool bDone = run(sName, [&] { return window_->press(sTool); });
   news_.show(this);
   if (window_->closed()) return;
-  if (bDone && arap::EqualsNoCase(sTool, "mnuEditAddRow")) body_->go_to_last_row();
-  if (bDone && arap::EqualsNoCase(sTool, "mnuFilePreview")) preview_bill(*window_, this);
-  if (bDone && arap::EqualsNoCase(sTool, "mnuFilePrint")) print_bill(*window_, this);
+  if (bDone) run_desk_command(sTool);
   Q_EMIT stored();
+}
+
+void BillView::run_desk_command(const std::string& sTool) {
+  if (arap::EqualsNoCase(sTool, "mnuEditAddRow")) {
+    body_->go_to_last_row();
+  } else if (arap::EqualsNoCase(sTool, "mnuFilePreview")) {
+    preview_html(bill_html(*window_), this);
+  } else if (arap::EqualsNoCase(sTool, "mnuFilePrint")) {
+    print_html(bill_html(*window_), this);
+  } else if (arap::EqualsNoCase(sTool, "mnuDataLookUp")) {
+    open_list_in_focus();
+  } else if (arap::EqualsNoCase(sTool, "mnuCalculate")) {
+    calculate();
+  }
+}
+
+FieldEdit* BillView::edit_in_focus() const {
+  auto* pEdit = qobject_cast<FieldEdit*>(QApplication::focusWidget());
+  return pEdit != nullptr && head_->isAncestorOf(pEdit) ? pEdit : nullptr;
+}
+
+void BillView::open_list_in_focus() {
+  if (FieldEdit* pEdit = edit_in_focus()) return pEdit->open_list(true);
+  if (body_->hasFocus()) body_->open_list();
+}
+
+/// The result goes to the amount where the caret was, if there is one that can be typed into.
+void BillView::calculate() {
+  const FieldEdit* pEdit = edit_in_focus();
+  const QModelIndex cell = body_->currentIndex();
+  std::string sKey;
+  int nRow = arap::kHead;
+  if (pEdit != nullptr) {
+    sKey = utf8(pEdit->objectName());
+  } else if (body_->hasFocus() && cell.isValid()) {
+    sKey = model_->field(cell.column()).sKey;
+    nRow = cell.row() + 1;
+  }
+  const std::size_t nField = window_->bill().find_key(sKey);
+  const bool bCanTake = nField != BillTemplate::kNone && window_->bill().field(nField).is_number() &&
+                        !window_->bill().field(nField).lookUp && !window_->locked(sKey, nRow);
+  if (const auto sResult = Calculator(bCanTake, this).run()) enter(sKey, nRow, *sResult);
 }
 
 bool BillView::may_close() {

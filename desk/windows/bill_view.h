@@ -59,6 +59,11 @@ class BillView final : public QWidget {
   /// Does the work as one logged command, shows why it was refused, and brings the view up to date.
   bool run(const QString& sName, const std::function<Outcome()>& work);
   bool enter(const std::string& sKey, int nRow, const QString& sText);
+  /// The part of a command that is the desk's own: lists, paper, the calculator.
+  void run_desk_command(const std::string& sTool);
+  FieldEdit* edit_in_focus() const;
+  void open_list_in_focus();
+  void calculate();
   std::vector<std::size_t> choose_sources(const SourceList& list);
   void refresh();
   void refresh_status();

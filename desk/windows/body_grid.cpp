@@ -18,6 +18,7 @@ namespace {
 
 /// The columns that stay in view: what names the source.
 constexpr int kFrozenColumns = 2;
+constexpr int kNarrowestColumn = 64;
 constexpr int kWidestColumn = 220;
 constexpr int kColumnAir = 8;
 
@@ -65,6 +66,7 @@ BodyGrid::BodyGrid(BodyModel& model, ChoicesOf choices, QWidget* pParent)
   setTabKeyNavigation(true);
   setAlternatingRowColors(false);
   verticalHeader()->setDefaultSectionSize(line_height(*this));
+  horizontalHeader()->setStretchLastSection(true);  // mostly the note
   // Widths come from the rows on the screen; to ask all of ten thousand takes longer than loading them.
   horizontalHeader()->setResizeContentsPrecision(0);
   freeze_first_columns();
@@ -104,7 +106,7 @@ void BodyGrid::fit_columns() {
     const int nTotal = fontMetrics().horizontalAdvance(model_.total(nColumn));
     const int nNeeded =
         std::max({sizeHintForColumn(nColumn), horizontalHeader()->sectionSizeHint(nColumn), nTotal}) + kColumnAir;
-    const int nWidth = std::min(nNeeded, kWidestColumn);
+    const int nWidth = std::clamp(nNeeded, kNarrowestColumn, kWidestColumn);
     if (bNew || nWidth > columnWidth(nColumn)) setColumnWidth(nColumn, nWidth);
   }
 }
@@ -183,15 +185,17 @@ void BodyGrid::copy_from_above() {
   model_.setData(now, now.siblingAtRow(now.row() - 1).data(Qt::EditRole), Qt::EditRole);
 }
 
+void BodyGrid::open_list() {
+  if (!currentIndex().isValid()) return;
+  edit(currentIndex());
+  if (auto* pEdit = qobject_cast<FieldEdit*>(indexWidget(currentIndex()))) pEdit->open_list(true);
+}
+
 void BodyGrid::keyPressEvent(QKeyEvent* pEvent) {
   const bool bControl = pEvent->modifiers() == Qt::ControlModifier;
   if (pEvent->key() == Qt::Key_Return || pEvent->key() == Qt::Key_Enter) return go_down();
   if (bControl && pEvent->key() == Qt::Key_D) return copy_from_above();
-  if (pEvent->key() == Qt::Key_F7 && currentIndex().isValid()) {
-    edit(currentIndex());
-    if (auto* pEdit = qobject_cast<FieldEdit*>(indexWidget(currentIndex()))) pEdit->open_list(true);
-    return;
-  }
+  if (pEvent->key() == Qt::Key_F7) return open_list();
   QTableView::keyPressEvent(pEvent);
 }
 

@@ -21,6 +21,8 @@ class BodyGrid final : public QTableView {
   void refresh();
   /// The caret goes to the first cell of the last row that can be typed into.
   void go_to_last_row();
+  /// The list of the current cell, when it has one and can be typed into.
+  void open_list();
   /// Enters what is typed in an open editor and closes it.
   void enter_now();
 

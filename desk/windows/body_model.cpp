@@ -94,6 +94,7 @@ QVariant BodyModel::data(const QModelIndex& index, int nRole) const {
 }
 
 QVariant BodyModel::headerData(int nSection, Qt::Orientation orientation, int nRole) const {
+  if (nRole == Qt::TextAlignmentRole && orientation == Qt::Horizontal) return text_alignment(field(nSection));
   if (nRole != Qt::DisplayRole) return {};
   return orientation == Qt::Vertical ? QVariant(nSection + 1) : QVariant(qt(field(nSection).sCaption));
 }

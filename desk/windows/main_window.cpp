@@ -15,6 +15,7 @@
 #include "windows/inspector.h"
 #include "windows/message_box.h"
 #include "windows/print_bill.h"
+#include "windows/printing.h"
 #include "windows/qt_text.h"
 #include "windows/rooms.h"
 
@@ -100,6 +101,8 @@ void MainWindow::add_file_menu() {
     if (RoomView* pRoom = current_room()) pRoom->open_current();
   });
   add("刷新", "F5", [this] { refresh_front(); });
+  add("预览", "", [this] { put_out(preview_html); });
+  add("打印", "", [this] { put_out(print_html); });
   add("导出PDF", "Ctrl+Shift+E", [this] { export_pdf_of_front(); });
   add("退出", "Ctrl+Q", [this] { close(); });
 }
@@ -255,12 +258,24 @@ void MainWindow::close_tab(int nTab) {
   remove_tab(pView);
 }
 
+QString MainWindow::html_of_front() const {
+  if (BillView* pBill = current_bill()) return bill_html(pBill->window());
+  RoomView* pRoom = current_room();
+  return pRoom == nullptr ? QString() : pRoom->html();
+}
+
+void MainWindow::put_out(void (*put)(const QString& sHtml, QWidget* pParent)) {
+  const QString sHtml = html_of_front();
+  if (!sHtml.isEmpty()) put(sHtml, this);
+}
+
 void MainWindow::export_pdf_of_front() {
-  BillView* pBill = current_bill();
-  if (pBill == nullptr) return;
-  const QString sName = tabs_->tabText(tabs_->currentIndex()) + QStringLiteral(".pdf");
-  const QString sPath = QFileDialog::getSaveFileName(this, words("导出PDF"), sName, QStringLiteral("PDF (*.pdf)"));
-  if (sPath.isEmpty() || export_pdf(pBill->window(), sPath)) return;
+  const QString sHtml = html_of_front();
+  if (sHtml.isEmpty()) return;
+  const QString sTitle = tabs_->tabText(tabs_->currentIndex());
+  const QString sPath = QFileDialog::getSaveFileName(this, words("导出PDF"), sTitle + QStringLiteral(".pdf"),
+                                                     QStringLiteral("PDF (*.pdf)"));
+  if (sPath.isEmpty() || export_pdf(sHtml, sTitle, sPath)) return;
   QMessageBox::warning(this, words("导出PDF"), words("文件“%1”无法写入。").arg(sPath));
 }
 

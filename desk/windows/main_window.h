@@ -53,6 +53,10 @@ class MainWindow final : public QMainWindow {
   void refresh_front();
   void show_front();
   void show_status();
+  /// The bill or list in front, for paper; "" where nothing is.
+  QString html_of_front() const;
+  /// To the preview or the printer.
+  void put_out(void (*put)(const QString& sHtml, QWidget* pParent));
   void export_pdf_of_front();
   template <class View>
   void for_each(const std::function<void(View&)>& work) const;

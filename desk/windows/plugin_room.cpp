@@ -4,13 +4,17 @@
 #include <QToolBar>
 #include <QVBoxLayout>
 
+#include "frame/conversions.h"
+#include "windows/calculator.h"
+#include "windows/printing.h"
 #include "windows/qt_text.h"
 
 namespace desk {
 
 namespace {
 constexpr std::string_view kToolBand = "BandToolBar";
-}
+constexpr std::string_view kPopBand = "mnuPop";
+}  // namespace
 
 PluginRoom::PluginRoom(DeskSeat& seat, std::span<const Shortcut> shortcuts, QWidget* pParent)
     : RoomView(pParent),
@@ -37,8 +41,9 @@ void PluginRoom::build(QWidget& content) {
 void PluginRoom::show_bars() {
   delete bars_;
   bars_ = new BarView(
-      plugin_window().bar(), {std::string(kToolBand), shortcuts_}, *menus_, *tools_,
+      plugin_window().bar(), {std::string(kToolBand), std::string(kPopBand), shortcuts_}, *menus_, *tools_,
       [this](const std::string& sTool) { press(sTool); }, this);
+  bars_->pop_up_over(table());
 }
 
 QString PluginRoom::name_of(const std::string& sTool) {
@@ -70,6 +75,16 @@ void PluginRoom::press(const std::string& sTool) {
   if (bDone) run_desk_command(sTool);
   Q_EMIT stored();
   Q_EMIT status_changed();
+}
+
+void PluginRoom::run_desk_command(const std::string& sTool) {
+  if (arap::EqualsNoCase(sTool, "mnuFilePreview")) {
+    preview_html(html(), this);
+  } else if (arap::EqualsNoCase(sTool, "mnuFilePrint")) {
+    print_html(html(), this);
+  } else if (arap::EqualsNoCase(sTool, "mnuCaculate")) {
+    Calculator(false, this).run();
+  }
 }
 
 void PluginRoom::refresh() {

@@ -43,8 +43,9 @@ class PluginRoom : public RoomView {
   virtual void show_window() = 0;
   /// The engine's part of a command.
   virtual Outcome run_command(const std::string& sTool) { return plugin_window().press(sTool); }
-  /// The part of a command that is the desk's own: windows that open, files that are written.
-  virtual void run_desk_command(const std::string&) {}
+  /// The part of a command that is the desk's own: windows that open, files that are written. Paper and calculator are
+  /// the same for all rooms.
+  virtual void run_desk_command(const std::string& sTool);
 
  private:
   DeskSeat& seat_;

@@ -23,6 +23,8 @@ class RoomView : public QWidget {
   virtual QTableView& table() = 0;
   /// How many lines there are and how many are chosen, or what the last command had to say.
   virtual QString status() const = 0;
+  /// What is in view, for paper.
+  QString html();
   /// Whether the lines may be older than the book.
   bool is_stale() const { return stale_; }
   void set_stale(bool bStale) { stale_ = bStale; }

@@ -11,6 +11,7 @@
 #include "services/vouchers.h"
 #include "windows/inspector.h"
 #include "windows/print_bill.h"
+#include "windows/printing.h"
 
 namespace desk::testing {
 namespace {
@@ -153,13 +154,14 @@ TEST(BillRoads, ABillIsExportedAsAPdf) {
   EXPECT_NE(utf8(bill_html(user.bill().window())).find("Pacific Trading"), std::string::npos);
   QTemporaryDir folder;
   const QString sPath = folder.filePath(QStringLiteral("receipt.pdf"));
-  ASSERT_TRUE(export_pdf(user.bill().window(), sPath));
+  const QString sHtml = bill_html(user.bill().window());
+  ASSERT_TRUE(export_pdf(sHtml, QStringLiteral("receipt"), sPath));
   QFile file(sPath);
   ASSERT_TRUE(file.open(QIODevice::ReadOnly));
   const QByteArray aPdf = file.readAll();
   EXPECT_TRUE(aPdf.startsWith("%PDF-"));
   EXPECT_GT(aPdf.size(), 5000);
-  EXPECT_FALSE(export_pdf(user.bill().window(), folder.filePath(QStringLiteral("no/such/receipt.pdf"))));
+  EXPECT_FALSE(export_pdf(sHtml, QStringLiteral("receipt"), folder.filePath(QStringLiteral("no/such/receipt.pdf"))));
 }
 
 TEST(BillRoads, TheVoucherOfACheckedBillIsShownLineByLine) {
