@@ -107,7 +107,11 @@ void BillView::build() {
   connect(head_, &HeadForm::field_entered, this,
           [this](const QString& sKey) { window_->focus(utf8(sKey), arap::kHead); });
   connect(head_, &HeadForm::refused, this, [this](const QString& sReason) { say(sReason, true); });
-  connect(head_, &HeadForm::left, body_, [this] { body_->setFocus(Qt::TabFocusReason); });
+  connect(head_, &HeadForm::left, this, [this] {
+    body_->setFocus(Qt::TabFocusReason);
+    // Rows that don't come from a selection begin with an empty one.
+    if (model_->rowCount() == 0 && window_->bill().selections().empty()) press("mnuEditAddRow");
+  });
   connect(body_, &BodyGrid::cell_entered, this,
           [this](const QString& sKey, int nRow) { window_->focus(utf8(sKey), nRow); });
   connect(body_, &BodyGrid::refused, this, [this](const QString& sReason) { say(sReason, true); });

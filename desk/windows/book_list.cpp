@@ -12,12 +12,14 @@ namespace {
 constexpr auto kMoney = ListColumn::Kind::Money;
 
 BookList open_items(const SettlementTables& tables) {
+  // An opening balance has no number.
   return {side_sql(tables,
-                   "SELECT p.FName AS FPartner, v.FBillNo AS FBillNo, v.FDate AS FDate, v.FDueDate AS FDueDate,"
-                   " c.FName AS FCurrency, v.FBillAmountFor AS FAmountFor, v.FBill{got}AmountFor AS FSettledFor,"
-                   " v.FBillUn{got}AmountFor AS FOpenFor FROM {openview} v LEFT JOIN {partners} p ON p.FItemID ="
-                   " v.{viewpartner} LEFT JOIN t_Currency c ON c.FCurrencyID = v.FCurrencyID"
-                   " ORDER BY p.FNumber, v.FDueDate, v.FBillNo"),
+                   "SELECT p.FName AS FPartner, CASE v.FBillNo WHEN '' THEN '" + std::string(tables.sOpeningName) +
+                       "' ELSE v.FBillNo END AS FBillNo, v.FDate AS FDate, v.FDueDate AS FDueDate,"
+                       " c.FName AS FCurrency, v.FBillAmountFor AS FAmountFor, v.FBill{got}AmountFor AS FSettledFor,"
+                       " v.FBillUn{got}AmountFor AS FOpenFor FROM {openview} v LEFT JOIN {partners} p ON p.FItemID ="
+                       " v.{viewpartner} LEFT JOIN t_Currency c ON c.FCurrencyID = v.FCurrencyID"
+                       " ORDER BY p.FNumber, v.FDueDate, v.FBillNo"),
           {{"FPartner", "往来单位"},
            {"FBillNo", "单据编号"},
            {"FDate", "日期"},

@@ -20,6 +20,7 @@ constexpr int kColumnAir = 12;
 
 LinesView::LinesView(std::vector<ListColumn> columns, QWidget* pParent)
     : QWidget(pParent),
+      ends_in_text_(columns.back().kind == ListColumn::Kind::Text),
       model_(new LinesModel(std::move(columns), this)),
       table_(new QTableView(this)),
       filter_(new QLineEdit(this)) {
@@ -41,7 +42,8 @@ void LinesView::build() {
   table_->setShowGrid(true);
   table_->verticalHeader()->setDefaultSectionSize(line_height(*table_));
   table_->verticalHeader()->setDefaultAlignment(Qt::AlignRight | Qt::AlignVCenter);
-  table_->horizontalHeader()->setStretchLastSection(true);
+  // An amount would stand far away from the others.
+  table_->horizontalHeader()->setStretchLastSection(ends_in_text_);
   table_->horizontalHeader()->setHighlightSections(false);
   // Widths come from the lines on the screen; to ask all of many thousands takes longer than reading them.
   table_->horizontalHeader()->setResizeContentsPrecision(0);

@@ -40,6 +40,7 @@ class LinesView final : public QWidget {
   std::int32_t bill_of(std::size_t nLine) const;
   void go_back_to(std::int32_t nBill, int nRow);
 
+  bool ends_in_text_;
   LinesModel* model_;
   QTableView* table_;
   QLineEdit* filter_;

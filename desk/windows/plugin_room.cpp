@@ -1,6 +1,7 @@
 #include "windows/plugin_room.h"
 
 #include <QMenuBar>
+#include <QTableView>
 #include <QToolBar>
 #include <QVBoxLayout>
 

@@ -42,7 +42,9 @@ void SourceModel::add_column(const char* sCaption, std::initializer_list<const c
 QString SourceModel::text(std::size_t nRow, const Column& column) const {
   if (column.sName == kCurrencyColumn) return currency(nRow);
   if (column.bMoney) return qt(Money::from_double(arap::NumberOf(list_.value(nRow, column.sName))).text());
-  return qt(list_.text(nRow, column.sName));
+  const QString sText = qt(list_.text(nRow, column.sName));
+  const bool bNumber = &column == &columns_.front();
+  return bNumber && sText.isEmpty() ? words("期初余额") : sText;  // an opening balance has none
 }
 
 QString SourceModel::currency(std::size_t nRow) const {

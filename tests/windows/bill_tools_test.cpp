@@ -6,6 +6,9 @@
 #include <QMenuBar>
 #include <QPushButton>
 #include <QTemporaryDir>
+#include <QToolBar>
+
+#include <set>
 
 #include "desk_user.h"
 #include "many_bills.h"
@@ -233,6 +236,21 @@ TEST(PopupBand, ARightClickOnTheBodyOffersTheRowCommands) {
   QTest::keyClick(&menu, Qt::Key_Return);
   EXPECT_EQ(user.bill().window().body().size(), 1u);
   EXPECT_EQ(user.bill().body().currentIndex().row(), 0);
+}
+
+// --- the toolbar ----------------------------------------------------------------------------------------------------
+
+TEST_P(FromBillToBill, TheToolbarHasEachCommandOnceAndNoneThatTheDeskDoesNotServe) {
+  open(1002);
+  std::set<std::string> captions;
+  for (const QAction* pAction : user.bill().findChild<QToolBar*>()->actions()) {
+    if (!pAction->isVisible() || pAction->isSeparator()) continue;
+    EXPECT_TRUE(captions.insert(utf8(pAction->text())).second) << utf8(pAction->text());
+  }
+  for (const char* sCaption : {"审核", "反审核", "前一张", "后一张", "预览", "打印"})
+    EXPECT_TRUE(captions.contains(sCaption)) << sCaption;
+  for (const char* sTool : {"mnuFileNeedFilter", "mnuEditCopy", "mnuCopyRow", "mnuEditChange", "mnuDataAccessory"})
+    EXPECT_FALSE(user.bill().bars().action(sTool)->isVisible()) << sTool;
 }
 
 // --- what a field can be, and paper

@@ -120,6 +120,19 @@ TEST_P(OtherBillRoads, ABillPaidAtOnceSettlesItselfWhenItIsChecked) {
   EXPECT_EQ(open_in_book(user, side()), "0");
 }
 
+TEST_P(OtherBillRoads, EnterInTheLastFieldOfTheHeadBeginsTheFirstRow) {
+  DeskUser user;
+  start(user, side());
+  user.bill().head().edit("FExplanation")->setFocus();
+  user.keys("fees");
+  user.key(Qt::Key_Return);
+  user.key(Qt::Key_Return);
+  ASSERT_EQ(user.bill().window().body().size(), 1u);
+  user.keys(side().sType);
+  user.key(Qt::Key_Tab);
+  EXPECT_EQ(user.bill().window().code("FInOutTypeID", 1), side().sType);
+}
+
 TEST_P(OtherBillRoads, ARowWithoutAnAmountIsRefusedAndNamedAndNothingIsStored) {
   DeskUser user;
   start_on_credit(user, side(), side().sSecond);
