@@ -178,9 +178,16 @@ void MainWindow::forget_lists() {
 
 void MainWindow::show_front() {
   RoomView* pRoom = current_room();
-  for (const auto& [nRoom, pOpen] : open_rooms_) {
+  {
+    // A bill belongs to the room that is called as it is.
     const QSignalBlocker quiet(rooms_);
-    if (pOpen == pRoom) rooms_->setCurrentRow(nRoom);
+    BillView* pBill = current_bill();
+    const QString sBill = pBill == nullptr ? QString() : words(pBill->window().bill().sCaption.c_str());
+    for (int nRoom = 0; nRoom < room_count(); ++nRoom) {
+      const auto found = open_rooms_.find(nRoom);
+      const bool bInFront = found != open_rooms_.end() && found->second == pRoom;
+      if (bInFront || rooms_->item(nRoom)->text() == sBill) rooms_->setCurrentRow(nRoom);
+    }
   }
   if (pRoom != nullptr && pRoom->is_stale()) return refresh_front();
   show_status();

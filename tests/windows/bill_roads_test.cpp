@@ -135,17 +135,18 @@ TEST(BillRoads, ARefreshAsksBeforeItGivesChangesUp) {
 TEST(BillRoads, TheDesksOwnWordsChangeWithTheLanguageAndTheBillsStay) {
   DeskUser user;
   user.room("应收明细");
+  const auto* pRooms = user.window.findChild<QListWidget*>(QStringLiteral("rooms"));
+  const int nRoom = pRooms->currentRow();
   user.window.new_bill("receipt");
   user.window.change_language(Language::English);
-  auto* pRooms = user.window.findChild<QListWidget*>(QStringLiteral("rooms"));
-  EXPECT_EQ(utf8(pRooms->item(pRooms->currentRow())->text()), "Open receivables");
+  EXPECT_EQ(utf8(pRooms->item(nRoom)->text()), "Open receivables");
   EXPECT_EQ(utf8(user.window.menuBar()->actions().first()->text()), "File");
   EXPECT_EQ(utf8(user.window.inspector().windowTitle()), "Inspector");
   EXPECT_EQ(utf8(user.bill().bars().action("mnuEditCheck")->text()), "审核");
   user.room("应收明细");
   EXPECT_EQ(utf8(user.window.current_room()->table().model()->headerData(7, Qt::Horizontal).toString()), "Open");
   user.window.change_language(Language::Chinese);
-  EXPECT_EQ(utf8(pRooms->item(pRooms->currentRow())->text()), "应收明细");
+  EXPECT_EQ(utf8(pRooms->item(nRoom)->text()), "应收明细");
 }
 
 TEST(BillRoads, ABillIsExportedAsAPdf) {

@@ -1,3 +1,5 @@
+#include <QListWidget>
+
 #include "desk_user.h"
 #include "services/other_tables.h"
 
@@ -106,6 +108,8 @@ TEST_P(OtherBillRoads, ABillOnCreditIsEnteredSavedCheckedSeenInTheListAndUncheck
 TEST_P(OtherBillRoads, ABillPaidAtOnceSettlesItselfWhenItIsChecked) {
   DeskUser user;
   start(user, side());
+  const auto* pRooms = user.window.findChild<QListWidget*>(QStringLiteral("rooms"));
+  EXPECT_EQ(utf8(pRooms->currentItem()->text()), side().sRoom);
   EXPECT_TRUE(user.bill().head().edit("FLimitDate")->isReadOnly());
   user.type("FSettleID", "02");
   user.type("FAcctID", "1001");

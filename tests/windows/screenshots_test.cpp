@@ -130,6 +130,20 @@ TEST_F(Screenshots, OfOtherReceivables) {
   user.answer_next_box();
   user.command("mnuFileSave");
   take(user.window, "other_receivable");
+  user.go_to(1, "FBillAmountFor");
+  user.in_next_dialog(
+      [this](QDialog& dialog) {
+        for (const char* sSum : {"12500/1.06", "*0.06"}) {
+          QTest::keyClicks(dialog.findChild<QLineEdit*>(), QString::fromLatin1(sSum));
+          QTest::keyClick(dialog.findChild<QLineEdit*>(), Qt::Key_Return);
+        }
+        take(dialog, "calculator");
+        QTest::keyClick(&dialog, Qt::Key_Escape);
+      },
+      QStringLiteral("calculator"));
+  user.command("mnuCalculate");
+  take_next_dialog(user, "preview", "preview_bill");
+  user.command("mnuFilePreview");
   BillListView& list = user.list("其他收入单");
   list.refresh();
   list.lines().filter().setText(QStringLiteral("b100"));
@@ -138,6 +152,8 @@ TEST_F(Screenshots, OfOtherReceivables) {
   list.press("Check");
   list.lines().filter().clear();
   take(user.window, "other_receivables");
+  take_next_dialog(user, "preview", "preview_list");
+  list.press("mnuFilePreview");
 }
 
 TEST_F(Screenshots, OfOtherPayables) {
