@@ -34,6 +34,7 @@ void preview_html(const QString& sHtml, QWidget* pParent) {
   set_page(printer);
   QPrintPreviewDialog dialog(&printer, pParent);
   dialog.setObjectName(QStringLiteral("preview"));
+  dialog.resize(1000, 720);
   QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog,
                    [&sHtml](QPrinter* pPrinter) { lay_out(sHtml, *pPrinter); });
   dialog.exec();
