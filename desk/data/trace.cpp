@@ -19,7 +19,9 @@ class Silence {
   ~Silence() { trace_detail::pObserver = observer_; }
   Silence(const Silence&) = delete;
   Silence& operator=(const Silence&) = delete;
-  TraceObserver* observer() const { return observer_; }
+  void tell(TraceObserver::Kind kind, std::string_view sText) {
+    if (!observer_->on_trace(kind, sText)) observer_ = nullptr;
+  }
 
  private:
   TraceObserver* observer_;
@@ -68,19 +70,19 @@ TraceScope::TraceScope(TraceObserver& observer) : former_(std::exchange(trace_de
 TraceScope::~TraceScope() { trace_detail::pObserver = former_; }
 
 void trace(TraceObserver::Kind kind, std::string_view sText) {
-  if (tracing()) trace_detail::pObserver->on_trace(kind, sText);
+  if (tracing()) Silence().tell(kind, sText);
 }
 
 void trace_event(arap::Event event, arap::Arguments args) {
   if (!tracing()) return;
-  const Silence silence;
-  silence.observer()->on_trace(TraceObserver::Kind::Event, std::string(arap::name_of(event)) + argument_list(args));
+  Silence silence;
+  silence.tell(TraceObserver::Kind::Event, std::string(arap::name_of(event)) + argument_list(args));
 }
 
 void trace_call(const arap::Object& object, arap::Member member, arap::Access access, arap::Arguments args,
                 std::string_view sPart) {
   if (!tracing()) return;
-  const Silence silence;
+  Silence silence;
   std::string sText = object.type_name();
   if (!sPart.empty()) sText.append(" ").append(sPart);
   sText.append(".").append(arap::name_of(member));
@@ -92,7 +94,7 @@ void trace_call(const arap::Object& object, arap::Member member, arap::Access ac
   } else {
     sText += argument_list(args);
   }
-  silence.observer()->on_trace(TraceObserver::Kind::Call, sText);
+  silence.tell(TraceObserver::Kind::Call, sText);
 }
 
 void trace_translation(std::string_view sSql, const Binds& binds) {
@@ -102,12 +104,13 @@ void trace_translation(std::string_view sSql, const Binds& binds) {
   trace(TraceObserver::Kind::Translation, binds.empty() ? sText : sText + ']');
 }
 
-void TraceLog::on_trace(Kind kind, std::string_view sText) {
-  if (lines_.size() >= most_) {
+bool TraceLog::on_trace(Kind kind, std::string_view sText) {
+  if (lines_.size() < most_) {
+    lines_.push_back({kind, std::string(sText)});
+  } else {
     ++dropped_;
-    return;
   }
-  lines_.push_back({kind, std::string(sText)});
+  return true;  // what isn't kept is counted
 }
 
 void TraceLog::clear() {

@@ -16,7 +16,8 @@ class TraceObserver {
  public:
   enum class Kind : std::uint8_t { Event, Call, Sql, Translation, Message };
 
-  virtual void on_trace(Kind kind, std::string_view sText) = 0;
+  /// Answers whether it wants to hear more. After a no the thread goes on unheard until the scope ends.
+  virtual bool on_trace(Kind kind, std::string_view sText) = 0;
 
  protected:
   ~TraceObserver() = default;
@@ -59,7 +60,7 @@ class TraceLog final : public TraceObserver {
   };
 
   explicit TraceLog(std::size_t nMost = 100'000) : most_(nMost) {}
-  void on_trace(Kind kind, std::string_view sText) override;
+  bool on_trace(Kind kind, std::string_view sText) override;
   void clear();
   const std::vector<Line>& lines() const { return lines_; }
   /// Texts of one kind, in order.

@@ -26,10 +26,12 @@ void CommandLog::end() {
   Q_EMIT changed();
 }
 
-void CommandLog::on_trace(Kind kind, std::string_view sText) {
-  if (depth_ == 0 || commands_.back().lines.size() >= kMostLines) return;
+/// A bill of many rows makes more lines than anybody reads; to write them all down would take longer than the command.
+bool CommandLog::on_trace(Kind kind, std::string_view sText) {
+  std::vector<LoggedLine>& lines = commands_.back().lines;
   const double dNow = static_cast<double>(clock_.nsecsElapsed()) / kNanosecondsInAMillisecond;
-  commands_.back().lines.push_back({kind, qt(sText), dNow});
+  lines.push_back({kind, qt(sText), dNow});
+  return lines.size() < kMostLines;
 }
 
 void CommandLog::clear() {

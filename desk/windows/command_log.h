@@ -33,7 +33,7 @@ class CommandLog final : public QObject, public TraceObserver {
 
   void begin(const QString& sCommand);
   void end();
-  void on_trace(Kind kind, std::string_view sText) override;
+  bool on_trace(Kind kind, std::string_view sText) override;
   void clear();
   const std::deque<LoggedCommand>& commands() const { return commands_; }
 

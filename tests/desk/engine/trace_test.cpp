@@ -135,5 +135,25 @@ TEST_P(Trace, EndsWithItsScopeAndCountsWhatItDidntKeep) {
   EXPECT_EQ(two.dropped(), 1u);
 }
 
+/// Has heard enough after its second line.
+class SoonTired final : public TraceObserver {
+ public:
+  bool on_trace(Kind, std::string_view) override { return ++nHeard < 2; }
+  int nHeard = 0;
+};
+
+TEST_P(Trace, EndsForAnObserverThatHasHeardEnough) {
+  SoonTired tired;
+  const TraceScope outer(log);
+  {
+    const TraceScope inner(tired);
+    for (int i = 0; i < 5; ++i) window->get(Member::EditMode);
+    EXPECT_FALSE(tracing());
+  }
+  window->get(Member::EditMode);
+  EXPECT_EQ(tired.nHeard, 2);
+  EXPECT_EQ(log.lines().size(), 1u) << "the outer one hears again";
+}
+
 }  // namespace
 }  // namespace desk::testing
