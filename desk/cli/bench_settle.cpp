@@ -19,6 +19,15 @@ using Clock = std::chrono::steady_clock;
 
 double seconds_since(Clock::time_point start) { return std::chrono::duration<double>(Clock::now() - start).count(); }
 
+double cpu_seconds() {
+  rusage usage{};
+  getrusage(RUSAGE_SELF, &usage);
+  const auto seconds = [](const timeval& time) {
+    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
+  };
+  return seconds(usage.ru_utime) + seconds(usage.ru_stime);
+}
+
 double peak_memory_mb() {
   rusage usage{};
   getrusage(RUSAGE_SELF, &usage);
@@ -91,7 +100,9 @@ SettleTimes bench_settle(int nInvoices, const std::string& sFolder) {
   window->new_bill();
   enter_head(*window, session);
   const auto settle_start = Clock::now();
+  const double dCpuBefore = cpu_seconds();
   settle_everything(*window, session);
+  times.dCpuSeconds = cpu_seconds() - dCpuBefore;
   times.dSettleSeconds = seconds_since(settle_start);
   times.dRssMb = peak_memory_mb();
   const Rows open = database->query("SELECT FBillID FROM vw_arap_RBillList LIMIT 1");

@@ -7,6 +7,7 @@ namespace desk {
 struct SettleTimes {
   int nInvoices = 0;
   double dSettleSeconds = 0;  // from the selection to the committed check
+  double dCpuSeconds = 0;     // of these, what the processor worked for it: what others run beside it doesn't count
   double dSetupSeconds = 0;   // making the book and its invoices
   double dRssMb = 0;          // the most memory the process ever held
 };

@@ -97,12 +97,13 @@ int bench(const Choices& choices, std::ostream& out) {
   if (choices.bJson) {
     nlohmann::ordered_json line{{"n", times.nInvoices},
                                 {"settle_s", times.dSettleSeconds},
+                                {"cpu_s", times.dCpuSeconds},
                                 {"setup_s", times.dSetupSeconds},
                                 {"rss_mb", times.dRssMb}};
     out << line.dump() << '\n';
   } else {
-    out << times.nInvoices << " invoices settled in " << times.dSettleSeconds << " s (set-up " << times.dSetupSeconds
-        << " s, memory " << times.dRssMb << " MB)\n";
+    out << times.nInvoices << " invoices settled in " << times.dSettleSeconds << " s (processor " << times.dCpuSeconds
+        << " s, set-up " << times.dSetupSeconds << " s, memory " << times.dRssMb << " MB)\n";
   }
   return kExitDone;
 }

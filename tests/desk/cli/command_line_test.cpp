@@ -179,6 +179,7 @@ TEST_F(CommandLine, TheBenchSettlesEverythingAndReportsItsTimes) {
   const auto line = nlohmann::json::parse(out);
   EXPECT_EQ(line["n"], 25);
   EXPECT_GT(line["settle_s"].get<double>(), 0);
+  EXPECT_GT(line["cpu_s"].get<double>(), 0);
   EXPECT_GT(line["rss_mb"].get<double>(), 1);
 }
 
