@@ -155,7 +155,9 @@ CREATE TABLE {other}Entry (
   FBillNote TEXT NOT NULL DEFAULT '', UNIQUE (FBillID, FIndex));
 )sql";
 
-// Open items: what a settlement bill can draw. A red invoice is open with a negative amount.
+// Open items: what a settlement bill can draw. A red invoice is open with a negative amount. The class of the other
+// bills is cast to the type of the invoices' column: two queries whose columns have the same types are drawn together
+// with the query around them; others give that one whole rows first.
 constexpr std::string_view kOpenItemsTwin = R"sql(
 CREATE VIEW {openview} AS
 SELECT s.FInterID AS FBillID, 1 AS FEntryID_SRC, 1 AS FEntryID_HXD_SRC, s.FClassTypeID AS FClassTypeID_SRC,
@@ -167,8 +169,8 @@ SELECT s.FInterID AS FBillID, 1 AS FEntryID_SRC, 1 AS FEntryID_HXD_SRC, s.FClass
   s.FNote AS FBillNote
 FROM {source} s WHERE s.FStatus = 1 AND s.FAmountFor <> s.FReceiveAmountFor
 UNION ALL
-SELECT o.FBillID, 1, 1, {otherclass}, o.{partner}, o.{partner}, o.FCurrencyID, o.FExchangeRate, o.FDepartmentID,
-  o.FEmployeeID, o.FBillNo, o.FDate, o.FLimitDate, o.FAmountFor, o.FAmount, o.FCheckAmountFor, o.FCheckAmount,
+SELECT o.FBillID, 1, 1, CAST({otherclass} AS INTEGER), o.{partner}, o.{partner}, o.FCurrencyID, o.FExchangeRate,
+  o.FDepartmentID, o.FEmployeeID, o.FBillNo, o.FDate, o.FLimitDate, o.FAmountFor, o.FAmount, o.FCheckAmountFor, o.FCheckAmount,
   o.FAmountFor - o.FCheckAmountFor, o.FAmount - o.FCheckAmount, o.FExplanation
 FROM {other} o WHERE o.FStatus = 1 AND o.FAmountFor <> o.FCheckAmountFor;
 )sql";

@@ -25,31 +25,35 @@ constexpr SourceKind kSourceKinds[] = {
     {"{other}", "FBillID", "{otherclasses}", "FCheckAmountFor", "FCheckAmount", "t.FBillTypeID IN (1005, 1007)"},
 };
 
-// What the bill's rows settle of each source of the kind: straight, and through the row that a refund row names.
-// Two parameters, both the bill.
-std::string settled_by_source(const SourceKind& kind) {
+// What the bill's rows settle of each source of the kind: straight, and through the row that a refund row names; with
+// other columns over these rows. Two parameters, both the bill. The class stands behind a sign so that the rows are
+// found by their bill: the index on the source would go through those of all bills.
+std::string settled_by_source(const SourceKind& kind, std::string_view sColumns) {
   const std::string sClasses(kind.sClasses);
-  return "(SELECT FSourceID, MIN(FIndex) AS FIndex, MIN(FNumber) AS FNumber, SUM(FSettleFor) AS FSettleFor,"
-         " SUM(FSettle) AS FSettle FROM ("
+  return "(SELECT FSourceID, " + std::string(sColumns) +
+         "SUM(FSettleFor) AS FSettleFor, SUM(FSettle) AS FSettle FROM ("
          "SELECT e.FInterID AS FSourceID, e.FIndex AS FIndex, e.{number} AS FNumber,"
          " e.FBillSettleAmountFor AS FSettleFor, e.FBillSettleAmount AS FSettle"
-         " FROM {entry} e WHERE e.FBillID = ? AND e.FInterID > 0 AND e.FClassID_SRC IN (" +
+         " FROM {entry} e WHERE e.FBillID = ? AND e.FInterID > 0 AND +e.FClassID_SRC IN (" +
          sClasses +
          ")"
          " UNION ALL "
          "SELECT p.FInterID, e.FIndex, p.{number}, e.FBillSettleAmountFor, e.FBillSettleAmount"
          " FROM {entry} e JOIN {entry} p ON p.FID = e.FEntryID_SRC"
-         " WHERE e.FBillID = ? AND e.FClassID_SRC = {class} AND p.FClassID_SRC IN (" +
+         " WHERE e.FBillID = ? AND +e.FClassID_SRC = {class} AND p.FClassID_SRC IN (" +
          sClasses +
          ")"
          ") r GROUP BY FSourceID)";
 }
 
+// Where a bad source stands in the bill.
+constexpr std::string_view kFirstRow = "MIN(FIndex) AS FIndex, MIN(FNumber) AS FNumber, ";
+
 // Adds to each source of the kind what the bill's rows settle of it, or takes it away. Two parameters, both the bill.
 std::string posting_of(const SourceKind& kind, const std::string& sSign) {
   const std::string sFor(kind.sReceived), sBase(kind.sReceivedBase), sTable(kind.sTable);
   return "UPDATE " + sTable + " SET " + sFor + " = " + sTable + "." + sFor + sSign + "d.FSettleFor, " + sBase + " = " +
-         sTable + "." + sBase + sSign + "d.FSettle FROM " + settled_by_source(kind) + " d WHERE " + sTable + "." +
+         sTable + "." + sBase + sSign + "d.FSettle FROM " + settled_by_source(kind, "") + " d WHERE " + sTable + "." +
          std::string(kind.sKey) + " = d.FSourceID";
 }
 
@@ -57,7 +61,7 @@ std::string posting_of(const SourceKind& kind, const std::string& sSign) {
 constexpr std::string_view kGivenBackByRow =
     "(SELECT e.FEntryID_SRC AS FSourceID, MIN(e.FIndex) AS FIndex, MIN(e.{number}) AS FNumber,"
     " -SUM(e.FBillSettleAmountFor) AS FBackFor, -SUM(e.FBillSettleAmount) AS FBack FROM {entry} e"
-    " WHERE e.FBillID = ? AND e.FClassID_SRC = {class} GROUP BY e.FEntryID_SRC)";
+    " WHERE e.FBillID = ? AND +e.FClassID_SRC = {class} GROUP BY e.FEntryID_SRC)";
 
 // True where `sAfter` leaves the range between 0 and `sWhole`, whatever the sign of the whole.
 std::string out_of_range(std::string_view sAfter, std::string_view sWhole) {
@@ -174,7 +178,7 @@ void SettlementPosting::refuse_over_settling(std::int32_t nBillID, std::string_v
     const std::string sSql =
         "SELECT d.FIndex AS FIndex, COALESCE(t.FBillNo, d.FNumber) AS FSourceNo, t.FStatus AS FSourceStatus,"
         " t.FAmountFor - " +
-        sReceived + " AS FLeft, d.FSettleFor AS FWanted FROM " + settled_by_source(kind) + " d LEFT JOIN " +
+        sReceived + " AS FLeft, d.FSettleFor AS FWanted FROM " + settled_by_source(kind, kFirstRow) + " d LEFT JOIN " +
         std::string(kind.sTable) + " t ON t." + std::string(kind.sKey) +
         " = d.FSourceID"
         " WHERE t.FAmountFor IS NULL OR t.FStatus <> 1 OR " +

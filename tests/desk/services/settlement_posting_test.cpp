@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "desk/services/small_book.h"
 
 namespace desk::testing {
@@ -43,6 +45,30 @@ TEST_P(SettlementPostingOfBothSides, CheckSettlesAnotherBillUnderItsCheckedAmoun
                 book.database().value(side_sql(tables(), "SELECT FCheckAmountFor FROM {other} WHERE FBillID = 3")))
                 .text(),
             "30.00");
+}
+
+// A book gathers the rows of years; only those of this bill are looked at.
+TEST_P(SettlementPostingOfBothSides, CheckFindsItsRowsByTheirBill) {
+  if (book.database().kind() != EngineKind::File) GTEST_SKIP() << "the plan is told in another way";
+  book.add_invoice(tables(), 1, "X1", 100'00);
+  book.add_simple_bill(tables(), 7, 1, 60'00);
+  std::vector<std::string> statements;
+  book.database().set_statement_hook([&](std::string_view sSql) { statements.emplace_back(sSql); });
+  EXPECT_TRUE(check(7).bDone);
+  book.database().set_statement_hook({});
+  const std::string sIndex = "ix_" + std::string(tables().sEntry) + "_Source";
+  int nSearches = 0;
+  for (const std::string& sSql : statements) {
+    if (sSql.find(tables().sEntry) == std::string::npos) continue;
+    const Binds binds(static_cast<std::size_t>(std::ranges::count(sSql, '?')), Bind(7));
+    const Rows plan = book.database().query("EXPLAIN QUERY PLAN " + sSql, binds);
+    for (std::size_t i = 0; i < plan.size(); ++i) {
+      const std::string sStep = plan.text(i, "detail");
+      EXPECT_EQ(sStep.find(sIndex), std::string::npos) << sSql;
+      nSearches += sStep.starts_with("SEARCH e") && sStep.ends_with("(FBillID=?)") ? 1 : 0;
+    }
+  }
+  EXPECT_EQ(nSearches, 10) << "two for each kind of source and one for refunds, to refuse and to post";
 }
 
 TEST_P(SettlementPostingOfBothSides, UncheckTakesBackExactly) {
