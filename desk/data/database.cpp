@@ -7,10 +7,12 @@
 #include <charconv>
 #include <limits>
 #include <optional>
+#include <utility>
 
 #include "data/connection.h"
 #include "data/patience.h"
 #include "data/schema.h"
+#include "frame/conversions.h"
 
 namespace desk {
 namespace {
@@ -86,9 +88,12 @@ void note_columns(PreparedStatement& statement, const Engine& engine) {
 }
 
 void run(PreparedStatement& statement, const Binds& binds, const Engine& engine) {
-  if (binds.size() != statement.aParameters.size())
+  if (binds.size() != statement.nParameters)
     throw DeskError(ErrorKind::Other, "The statement has another number of parameters", statement.sSql);
-  for (std::size_t i = 0; i < binds.size(); ++i) statement.query.bindValue(statement.aParameters[i], to_qt(binds[i]));
+  for (std::size_t i = 0; i < statement.aNames.size(); ++i)
+    statement.query.bindValue(statement.aNames[i], to_qt(binds[i]));
+  for (std::size_t i = statement.aNames.size(); i < binds.size(); ++i)
+    statement.query.bindValue(static_cast<int>(i), to_qt(binds[i]));
   const bool bRun =
       statement.sUncompiled.isEmpty() ? statement.query.exec() : statement.query.exec(statement.sUncompiled);
   if (bRun) return;
@@ -112,6 +117,8 @@ std::vector<Value> fetch(PreparedStatement& statement, const Engine& engine) {
   if (error.isValid()) engine.throw_error(error, statement.sSql);
   return cells;
 }
+
+bool only_reads(std::string_view sSql) { return arap::EqualsNoCase(sSql.substr(0, 6), "select"); }
 
 /// The statements of a script; a ";" in a text or comment ends none.
 std::vector<std::string> split_script(std::string_view sScript) {
@@ -199,6 +206,7 @@ void Database::check_is_book() {
 /// waited for: the book is this seat's own there.
 template <class Work>
 auto Database::in_turn(std::string_view sSql, Work&& work) {
+  if (viewing_ && !only_reads(sSql)) end_view();
   if (statement_hook_) statement_hook_(sSql);
   std::optional<Patience> patience;
   for (;;) {
@@ -250,6 +258,15 @@ Value Database::value(std::string_view sSql, const Binds& binds, const Value& vD
   return rows.empty() ? vDefault : rows.at(0, std::size_t{0});
 }
 
+void Database::end_view() {
+  if (!std::exchange(viewing_, false)) return;
+  try {
+    exec("COMMIT");
+  } catch (const DeskError&) {
+    // After an error of the disk the engine has already ended it by itself.
+  }
+}
+
 std::size_t Database::cached_statements() const { return connection_->statements->size(); }
 
 Transaction::Transaction(Database& database) : database_(database), level_(database.depth_) {
@@ -286,6 +303,16 @@ Transaction::~Transaction() {
   } catch (const DeskError&) {
     // After a full disk the engine has already rolled back by itself.
   }
+}
+
+ReadView::ReadView(Database& database) : database_(database) {
+  if (database.depth_ > 0 || database.viewing_ || !database.engine_->locks_each_read()) return;
+  database.exec("BEGIN");
+  database.viewing_ = own_ = true;
+}
+
+ReadView::~ReadView() {
+  if (own_) database_.end_view();
 }
 
 }  // namespace desk

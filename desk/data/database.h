@@ -120,6 +120,8 @@ class Database {
   EngineKind kind() const;
   const Options& options() const { return options_; }
   bool in_transaction() const { return depth_ > 0; }
+  /// Ends the ReadView that is open, if one is.
+  void end_view();
   std::size_t cached_statements() const;
 
   /// Hears every statement before it runs.
@@ -128,6 +130,7 @@ class Database {
 
  private:
   friend class Transaction;
+  friend class ReadView;
   struct Connection;
   Database(const std::string& sAddress, Options options);
   void connect(bool bCreate);
@@ -142,6 +145,7 @@ class Database {
   StatementHook statement_hook_;
   int depth_ = 0;
   bool spoiled_ = false;  // the transaction can only go back
+  bool viewing_ = false;  // a ReadView is open
 };
 
 /// A write transaction: rolled back unless commit() was called. A book has one at a time, over all seats, so what it
@@ -159,6 +163,21 @@ class Transaction {
   Database& database_;
   int level_;
   bool open_ = true;
+};
+
+/// One state of the book for all that is read while it lives, whatever other seats store meanwhile; a rule that asks
+/// once a row waits for the engine's locks once instead of once a row. Ends by itself before this seat writes, and must
+/// be ended before a user is asked something. Inside a transaction or another view, and on a server, it does nothing.
+class ReadView {
+ public:
+  explicit ReadView(Database& database);
+  ~ReadView();
+  ReadView(const ReadView&) = delete;
+  ReadView& operator=(const ReadView&) = delete;
+
+ private:
+  Database& database_;
+  bool own_ = false;
 };
 
 }  // namespace desk

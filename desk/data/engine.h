@@ -56,6 +56,9 @@ class Engine {
   /// True when the engine waits by itself for a lock of another seat; else the connection asks again and again.
   virtual bool waits_by_itself() const = 0;
 
+  /// True when every read takes a lock of its own, which a view of many reads saves.
+  virtual bool locks_each_read() const = 0;
+
   /// Tells a failed statement as a DeskError that says what to do. `sWhere` is the book or the statement.
   [[noreturn]] virtual void throw_error(const QSqlError& error, const std::string& sWhere) const = 0;
 };

@@ -103,6 +103,7 @@ class PostgresEngine final : public Engine {
   }
   bool failure_spoils_transaction() const override { return true; }
   bool waits_by_itself() const override { return true; }
+  bool locks_each_read() const override { return false; }
 
   [[noreturn]] void throw_error(const QSqlError& error, const std::string& sWhere) const override {
     const std::string sState = error.nativeErrorCode().toStdString();

@@ -2,10 +2,11 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <map>
 
 #include "data/sql_expression.h"
-#include "data/sql_tokens.h"
+#include "data/sql_shapes.h"
 #include "data/trace.h"
 #include "frame/conversions.h"
 
@@ -24,8 +25,8 @@ SqlVariable::Kind kind_of_type(std::string_view sType) {
 
 class BatchTranslator {
  public:
-  explicit BatchTranslator(std::string_view sText)
-      : text_(sText), tokens_(tokenize_sql(sText)), expression_(text_, tokens_, batch_.aVariables) {}
+  BatchTranslator(std::string_view sText, const std::vector<SqlToken>& tokens)
+      : text_(sText), tokens_(tokens), expression_(text_, tokens_, batch_.aVariables) {}
 
   SqlBatch run() {
     std::size_t i = 0;
@@ -134,7 +135,7 @@ class BatchTranslator {
 
   std::string_view text_;
   SqlBatch batch_;
-  std::vector<SqlToken> tokens_;
+  const std::vector<SqlToken>& tokens_;
   SqlExpression expression_;
 };
 
@@ -151,12 +152,14 @@ Bind as_variable(const SqlVariable& variable, const Value& vValue) {
 
 using VariableValues = std::map<std::string, Bind>;
 
-Rows run_statement(Database& database, const TranslatedStatement& statement, const VariableValues& values) {
+Rows run_statement(Database& database, const TranslatedStatement& statement, const std::vector<SqlToken>& tokens,
+                   const VariableValues& values) {
   Binds binds;
   binds.reserve(statement.aParameters.size());
   for (const Parameter& parameter : statement.aParameters) {
-    const auto* pUse = std::get_if<VariableUse>(&parameter);
-    binds.push_back(pUse != nullptr ? values.at(pUse->sName) : std::get<Bind>(parameter));
+    const auto* pVariable = std::get_if<VariableUse>(&parameter);
+    binds.push_back(pVariable != nullptr ? values.at(pVariable->sName)
+                                         : literal_value(std::get<LiteralUse>(parameter), tokens));
   }
   trace_translation(statement.sSql, binds);
   return database.query(statement.sSql, binds);
@@ -164,7 +167,20 @@ Rows run_statement(Database& database, const TranslatedStatement& statement, con
 
 }  // namespace
 
-SqlBatch translate(std::string_view sText) { return BatchTranslator(sText).run(); }
+SqlBatch translate(std::string_view sText, const std::vector<SqlToken>& tokens) {
+  return BatchTranslator(sText, tokens).run();
+}
+
+Bind literal_value(const LiteralUse& use, const std::vector<SqlToken>& tokens) {
+  const SqlToken& token = tokens[use.nToken];
+  if (token.kind == Kind::String) return Bind(token.sText);
+  if (use.bMoney) return Bind(Money::parse(token.sText));
+  const char* pEnd = token.sText.data() + token.sText.size();
+  std::int64_t nValue = 0;
+  const auto result = std::from_chars(token.sText.data(), pEnd, nValue);
+  const bool bWhole = result.ec == std::errc() && result.ptr == pEnd;
+  return bWhole ? Bind(nValue) : Bind(std::stod(token.sText));
+}
 
 TranslatedCondition translate_condition(std::string_view sCondition) {
   const std::vector<SqlToken> tokens = tokenize_sql(sCondition);
@@ -175,7 +191,8 @@ TranslatedCondition translate_condition(std::string_view sCondition) {
   const std::vector<SqlVariable> none;
   SqlPiece piece = SqlExpression(sCondition, tokens, none).carry(0, tokens.size(), true);
   TranslatedCondition condition{std::move(piece.sSql), {}};
-  for (const Parameter& parameter : piece.aParameters) condition.binds.push_back(std::get<Bind>(parameter));
+  for (const Parameter& parameter : piece.aParameters)
+    condition.binds.push_back(literal_value(std::get<LiteralUse>(parameter), tokens));
   return condition;
 }
 
@@ -192,12 +209,14 @@ std::string translate_order(std::string_view sOrder) {
 
 Rows run_sql(Database& database, std::string_view sText) {
   trace(TraceObserver::Kind::Sql, sText);
-  const SqlBatch batch = translate(sText);
+  static thread_local SqlShapes shapes;
+  const std::vector<SqlToken> tokens = tokenize_sql(sText);
+  const SqlBatch& batch = shapes.translation(sText, tokens);
   VariableValues values;
   for (const SqlVariable& variable : batch.aVariables) values[variable.sName] = Bind();
   Rows result;
   for (const TranslatedStatement& statement : batch.aStatements) {
-    Rows rows = run_statement(database, statement, values);
+    Rows rows = run_statement(database, statement, tokens, values);
     if (statement.aAssigned.empty()) {
       if (statement.bSelect) result = std::move(rows);
       continue;

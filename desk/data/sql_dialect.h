@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "data/database.h"
+#include "data/sql_tokens.h"
 
 /// The original server's SQL, as the plug-in writes it, carried over to the book's database token by token. A text that
 /// can't be carried raises DeskError (UnsupportedSql) that names the position.
@@ -15,7 +16,12 @@ namespace desk {
 struct VariableUse {
   std::string sName;
 };
-using Parameter = std::variant<Bind, VariableUse>;
+/// A literal of the text, by the number of its token; bound when its statement runs.
+struct LiteralUse {
+  std::size_t nToken = 0;
+  bool bMoney = false;  // it stands beside an amount, which the book holds in ten-thousandths
+};
+using Parameter = std::variant<LiteralUse, VariableUse>;
 
 struct TranslatedStatement {
   std::string sSql;
@@ -37,8 +43,10 @@ struct SqlBatch {
 };
 
 /// A whole text: one statement, or a batch with declare and assignments. Literals of conditions and values become
-/// parameters, so that texts that differ only in an id share one prepared statement.
-SqlBatch translate(std::string_view sText);
+/// parameters, so that texts that differ only in an id share one translation and one prepared statement.
+SqlBatch translate(std::string_view sText, const std::vector<SqlToken>& tokens);
+/// What a parameter stands for.
+Bind literal_value(const LiteralUse& use, const std::vector<SqlToken>& tokens);
 
 /// A condition such as a look-up filter or the source filter, to be put behind WHERE.
 struct TranslatedCondition {

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 
 #include "data/columns.h"
 #include "frame/conversions.h"
@@ -27,6 +26,8 @@ constexpr std::array<std::string_view, 14> kSameFunctions = {"coalesce", "nullif
                                                              "count",    "min",    "max",   "avg"};
 constexpr std::array<std::string_view, 5> kLiftingClauses = {"where", "on", "having", "set", "values"};
 constexpr std::array<std::string_view, 4> kKeepingClauses = {"select", "from", "group", "order"};
+// So many stay a chain, as the rule wrote them.
+constexpr std::size_t kFewAlternatives = 100;
 constexpr std::array<std::string_view, 8> kForeign = {"exec",  "execute", "if",    "while",
                                                       "begin", "goto",    "print", "top"};
 
@@ -35,6 +36,8 @@ std::string text_literal(std::string_view sValue) {
   for (const char c : sValue) sText += c == '\'' ? std::string("''") : std::string(1, c);
   return sText + "'";
 }
+
+bool is_literal(const SqlToken& token) { return token.kind == Kind::Number || token.kind == Kind::String; }
 
 bool is_comparison(const SqlToken& token) {
   static constexpr std::array<std::string_view, 7> kComparisons = {"=", "<>", "!=", "<", ">", "<=", ">="};
@@ -78,6 +81,82 @@ bool SqlExpression::starts_function(std::size_t i) const {
 }
 
 SqlPiece SqlExpression::carry(std::size_t nBegin, std::size_t nEnd, bool bLift) const {
+  const std::vector<Term> aTerms = alternatives(nBegin, nEnd);
+  if (aTerms.size() > kFewAlternatives) {
+    if (auto rows = carry_as_rows(aTerms, bLift)) return *std::move(rows);
+  }
+  return carry_sequence(nBegin, nEnd, bLift);
+}
+
+/// What "or" joins at the level of the tokens, without parentheses around each; none where they are more than a
+/// condition.
+std::vector<SqlExpression::Term> SqlExpression::alternatives(std::size_t nBegin, std::size_t nEnd) const {
+  std::vector<Term> aTerms;
+  const auto add = [&](std::size_t nFirst, std::size_t nBehind) {
+    const bool bWrapped = is_symbol(nFirst, "(") && behind_parenthesis(nFirst, nBehind) == nBehind;
+    aTerms.push_back(bWrapped ? Term{nFirst + 1, nBehind - 1} : Term{nFirst, nBehind});
+  };
+  std::size_t nFirst = nBegin;
+  for (std::size_t i = nBegin; i < nEnd; i = is_symbol(i, "(") ? behind_parenthesis(i, nEnd) : i + 1) {
+    if (tokens_[i].kind != Kind::Word || tokens_[i].bQuoted) continue;
+    const std::string& sWord = tokens_[i].sText;
+    if (is_word(i, "case") || one_of(sWord, kLiftingClauses) || one_of(sWord, kKeepingClauses)) return {};
+    if (!is_word(i, "or")) continue;
+    add(nFirst, i);
+    nFirst = i + 1;
+  }
+  if (!aTerms.empty()) add(nFirst, nEnd);
+  return aTerms;
+}
+
+/// The parts of "a=1 and b=2 and ..."; none where it is anything else.
+std::vector<SqlExpression::Equality> SqlExpression::equalities(Term term) const {
+  std::vector<Equality> aEqualities;
+  for (std::size_t i = term.nBegin; i < term.nEnd; ++i) {
+    const std::size_t nColumn = i;
+    while (i + 1 < term.nEnd && is_symbol(i + 1, ".")) i += 2;  // the table of the column
+    const bool bColumn = i < term.nEnd && tokens_[i].kind == Kind::Word && tokens_[nColumn].kind == Kind::Word;
+    const bool bLiteral = ++i + 1 < term.nEnd && is_symbol(i, "=") && is_literal(tokens_[i + 1]);
+    if (!bColumn || !bLiteral) return {};
+    aEqualities.push_back({{nColumn, i}, i + 1});
+    i += 2;  // at the "and"
+    if (i < term.nEnd && !is_word(i, "and")) return {};
+  }
+  return aEqualities;
+}
+
+/// The rows of a bill, each as an alternative "(a=1 and b=2)", make a chain that is too deep for the engine, and that
+/// it would walk for whatever it looks at. As a list of rows, "(a, b) in (values (1, 2), ...)", they are neither.
+std::optional<SqlPiece> SqlExpression::carry_as_rows(const std::vector<Term>& aTerms, bool bLift) const {
+  const std::vector<Equality> aFirst = equalities(aTerms.front());
+  const auto is_alike = [&](Term term) {
+    const auto first = tokens_.subspan(aTerms.front().nBegin, aTerms.front().nEnd - aTerms.front().nBegin);
+    return std::ranges::equal(first, tokens_.subspan(term.nBegin, term.nEnd - term.nBegin),
+                              [](const SqlToken& a, const SqlToken& b) {
+                                return a.kind == b.kind && (is_literal(a) || arap::EqualsNoCase(a.sText, b.sText));
+                              });
+  };
+  if (aFirst.empty() || !std::ranges::all_of(aTerms, is_alike)) return std::nullopt;
+  SqlPiece piece;
+  piece.append("(");
+  for (const Equality& each : aFirst) {
+    if (&each != &aFirst.front()) piece.append(",", true);
+    piece.append(carry_sequence(each.column.nBegin, each.column.nEnd, bLift));
+  }
+  piece.append(") in (values", true);
+  for (const Term& term : aTerms) {
+    piece.append(&term == &aTerms.front() ? " (" : ", (", true);
+    for (const Equality& each : aFirst) {
+      if (&each != &aFirst.front()) piece.append(",", true);
+      carry_literal(each.nLiteral - aTerms.front().nBegin + term.nBegin, bLift, piece);
+    }
+    piece.append(")", true);
+  }
+  piece.append(")", true);
+  return piece;
+}
+
+SqlPiece SqlExpression::carry_sequence(std::size_t nBegin, std::size_t nEnd, bool bLift) const {
   SqlPiece piece;
   for (std::size_t i = nBegin; i < nEnd;) {
     const SqlToken& token = tokens_[i];
@@ -190,19 +269,7 @@ void SqlExpression::carry_literal(std::size_t i, bool bLift, SqlPiece& piece) co
     return;
   }
   piece.append("?");
-  if (token.kind == Kind::String) {
-    piece.aParameters.emplace_back(Bind(token.sText));
-    return;
-  }
-  if (compares_money(i)) {
-    piece.aParameters.emplace_back(Bind(Money::parse(token.sText)));
-    return;
-  }
-  const char* pEnd = token.sText.data() + token.sText.size();
-  std::int64_t nValue = 0;
-  const auto result = std::from_chars(token.sText.data(), pEnd, nValue);
-  const bool bWhole = result.ec == std::errc() && result.ptr == pEnd;
-  piece.aParameters.emplace_back(bWhole ? Bind(nValue) : Bind(std::stod(token.sText)));
+  piece.aParameters.emplace_back(LiteralUse{i, token.kind == Kind::Number && compares_money(i)});
 }
 
 void SqlExpression::carry_variable(std::size_t i, SqlPiece& piece) const {

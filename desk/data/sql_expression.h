@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -33,6 +34,20 @@ class SqlExpression {
   bool is_symbol(std::size_t i, std::string_view sSymbol) const;
 
  private:
+  /// Tokens nBegin to nEnd of a condition.
+  struct Term {
+    std::size_t nBegin;
+    std::size_t nEnd;
+  };
+  /// A column, and the literal that it equals.
+  struct Equality {
+    Term column;
+    std::size_t nLiteral;
+  };
+  SqlPiece carry_sequence(std::size_t nBegin, std::size_t nEnd, bool bLift) const;
+  std::vector<Term> alternatives(std::size_t nBegin, std::size_t nEnd) const;
+  std::vector<Equality> equalities(Term term) const;
+  std::optional<SqlPiece> carry_as_rows(const std::vector<Term>& aTerms, bool bLift) const;
   std::size_t carry_function(std::size_t i, std::size_t nEnd, bool bLift, SqlPiece& piece) const;
   std::size_t carry_parenthesis(std::size_t i, std::size_t nEnd, bool bLift, SqlPiece& piece) const;
   void carry_literal(std::size_t i, bool bLift, SqlPiece& piece) const;

@@ -18,7 +18,7 @@ class Lexer {
   explicit Lexer(std::string_view sText) : text_(sText) {}
 
   std::vector<SqlToken> run() {
-    constexpr std::size_t kUsualLength = 6;  // of a word with the blank behind it
+    constexpr std::size_t kUsualLength = 5;  // of a word with the blank behind it
     tokens_.reserve(text_.size() / kUsualLength + 1);
     while (skip_blanks()) tokens_.push_back(next());
     return std::move(tokens_);

@@ -68,6 +68,7 @@ class SqliteEngine final : public Engine {
   void begin(Database& database) const override { database.exec("BEGIN IMMEDIATE"); }
   bool failure_spoils_transaction() const override { return false; }
   bool waits_by_itself() const override { return false; }
+  bool locks_each_read() const override { return true; }
 
   [[noreturn]] void throw_error(const QSqlError& error, const std::string& sWhere) const override {
     const std::string sEngine = error.databaseText().toStdString();

@@ -127,6 +127,7 @@ class BillWindow final : public arap::Object {
   bool fire_cancelled(arap::Event event, std::vector<arap::Variant> aArgs);
   bool save_bill();
   bool store_bill();
+  bool refuses_save();
   void refuse_lost_lock() const;
 
   // bill_window_calls.cpp

@@ -36,10 +36,16 @@ bool BillWindow::save_bill() {
     save_reason_ = "单据以只读方式打开，不能保存。";
     return false;
   }
-  if (fire_cancelled(Event::BeforeSave, {})) return false;
+  if (refuses_save()) return false;
   // The plug-in has written what there was to write.
   if (std::exchange(not_save_, false)) return true;
   return store_bill();
+}
+
+/// The rules ask the book about every row.
+bool BillWindow::refuses_save() {
+  const ReadView view(host_.database);
+  return fire_cancelled(Event::BeforeSave, {});
 }
 
 /// Whoever lost the lock has lost the right to write: another seat may be at the bill.

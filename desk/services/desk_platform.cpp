@@ -31,10 +31,14 @@ QFileInfo existing_file(std::string_view sPath) {
 
 }  // namespace
 
+DeskPlatform::DeskPlatform(ObjectRegistry& registry)
+    : registry_(registry), process_id_(static_cast<std::int32_t>(QCoreApplication::applicationPid())) {}
+
 bool is_question(const ShownMessage& message) { return (message.nButtons & kButtonMask) == kYesNo; }
 
 int DeskPlatform::MsgBox(std::string_view sText, int nButtons, std::string_view sTitle) {
   trace(TraceObserver::Kind::Message, sText);
+  if (before_box_) before_box_();
   ShownMessage message{std::string(sText), nButtons, std::string(sTitle)};
   message.nAnswer = answer(message);
   messages_.push_back(message);
@@ -58,8 +62,6 @@ std::optional<std::string> DeskPlatform::ComputerName() {
   if (sName.empty()) return std::nullopt;
   return sName;
 }
-
-std::int32_t DeskPlatform::ProcessId() { return static_cast<std::int32_t>(QCoreApplication::applicationPid()); }
 
 std::string DeskPlatform::ApplicationPath() {
   // Without a running application object the folder is unknown.

@@ -34,10 +34,12 @@ class DeskPlatform final : public arap::Platform {
  public:
   using AskUser = std::function<int(const ShownMessage&)>;
 
-  explicit DeskPlatform(ObjectRegistry& registry) : registry_(registry) {}
+  explicit DeskPlatform(ObjectRegistry& registry);
 
   /// Who answers a box when no answer is queued. Without one a question is answered No and a notice OK.
   void set_ask_user(AskUser ask) { ask_user_ = std::move(ask); }
+  /// Runs before each box, for a user may look at it for long.
+  void set_before_box(std::function<void()> work) { before_box_ = std::move(work); }
   /// The next question gets this answer. Notices use up no answer.
   void queue_answer(int nButton) { answers_.push_back(nButton); }
   const std::vector<ShownMessage>& messages() const { return messages_; }
@@ -54,7 +56,7 @@ class DeskPlatform final : public arap::Platform {
   void SetMousePointer(int nPointer) override { mouse_pointer_ = nPointer; }
   arap::Ref<arap::Object> CreateObject(std::string_view sProgID) override { return registry_.create(sProgID); }
   std::optional<std::string> ComputerName() override;
-  std::int32_t ProcessId() override;
+  std::int32_t ProcessId() override { return process_id_; }
   std::string ApplicationPath() override;
   std::string LibraryPath() override { return ApplicationPath(); }
   void StartHelpViewer(std::string_view sPath) override;
@@ -67,7 +69,9 @@ class DeskPlatform final : public arap::Platform {
   int answer(const ShownMessage& message);
 
   ObjectRegistry& registry_;
+  std::int32_t process_id_;
   AskUser ask_user_;
+  std::function<void()> before_box_;
   std::deque<int> answers_;
   std::vector<ShownMessage> messages_;
   std::string computer_name_;

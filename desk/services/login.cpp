@@ -61,11 +61,12 @@ Variant commit_tasks(Session& session, const Variant& vTasks) {
 void register_login(Session& session) {
   const Ref<arap::Object> oLogin = arap::make_object<Login>(session);
   ObjectRegistry& registry = session.registry();
-  registry.add("NUVPropsMgr.ShareProps", [&session, oLogin] {
-    return make_component("ShareProps", {{Member::GetProperty, [&session, oLogin](Arguments args) {
-                                            return shared_property(session, oLogin, text_argument(args, 1));
-                                          }}});
-  });
+  // It keeps nothing of its caller, and every statement of a rule asks it: one serves all.
+  const Ref<arap::Object> oShareProps =
+      make_component("ShareProps", {{Member::GetProperty, [&session, oLogin](Arguments args) {
+                                       return shared_property(session, oLogin, text_argument(args, 1));
+                                     }}});
+  registry.add("NUVPropsMgr.ShareProps", [oShareProps] { return oShareProps; });
   registry.add(arap::open_choices::kObjectFactory, [&registry] {
     return make_component("Factory", {{Member::CreateServerObject, [&registry](Arguments args) {
                                          return Variant(registry.create(text_argument(args, 0)));

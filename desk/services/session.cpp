@@ -27,6 +27,8 @@ Session::Session(Database& database, std::string_view sUserName)
                     "log in under a user of this book");
   }
   user_id_ = rows.integer(0, "FUserID");
+  props_string_ = "UserName=" + user_name_ + ";UserID=" + std::to_string(user_id_) +
+                  ";ConnectString={Provider=desk;Data Source=" + database_.path() + "};Language=chs";
   for (const std::string_view sProgID :
        {arap::open_choices::kDictionary, arap::open_choices::kVector, arap::open_choices::kTool})
     registry_.add(sProgID, [sProgID] { return make_engine_object(sProgID); });
@@ -34,6 +36,7 @@ Session::Session(Database& database, std::string_view sUserName)
     const std::string sProgID = std::string(arap::kLibraryName) + "." + std::string(sName);
     registry_.add(sProgID, [sProgID] { return arap::CreatePublicObject(sProgID); });
   }
+  platform_.set_before_box([this] { database_.end_view(); });
   register_login(*this);
   register_general_ledger(*this);
   register_system_values(*this);
@@ -62,11 +65,6 @@ Session::~Session() {
 }
 
 Seat Session::seat() { return {platform_.ComputerName().value_or("NoName"), platform_.ProcessId(), user_name_}; }
-
-std::string Session::props_string() const {
-  return "UserName=" + user_name_ + ";UserID=" + std::to_string(user_id_) +
-         ";ConnectString={Provider=desk;Data Source=" + database_.path() + "};Language=chs";
-}
 
 std::string_view edit_function(std::int32_t nClassType) {
   switch (nClassType) {

@@ -36,7 +36,7 @@ class Session {
   const std::string& user_name() const { return user_name_; }
   /// This program on its machine, under which tasks are taken.
   Seat seat();
-  std::string props_string() const;
+  const std::string& props_string() const { return props_string_; }
 
   /// Puts this seat's platform back in charge, where several seats share a thread.
   void activate() { arap::InstallPlatform(&platform_); }
@@ -53,6 +53,7 @@ class Session {
   Database& database_;
   std::int32_t user_id_ = 0;
   std::string user_name_;
+  std::string props_string_;
   ObjectRegistry registry_;
   DeskPlatform platform_;
   TaskMutex tasks_;

@@ -75,6 +75,57 @@ TEST(DatabaseTest, ASecondWriterHearsThatTheBookIsLocked) {
   EXPECT_NO_THROW(Transaction(*second).commit());
 }
 
+TEST(DatabaseTest, AStatementTakesAnyNumberOfParameters) {
+  TempBook book;
+  for (const std::int32_t nCount : {1, 1000, 1001, 5000}) {
+    std::string sSql = "SELECT COUNT(*) AS n FROM t_Settle WHERE FItemID IN (";
+    Binds binds;
+    for (std::int32_t n = 0; n < nCount; ++n) {
+      sSql += n == 0 ? "?" : ", ?";
+      binds.emplace_back(n);
+    }
+    book.database->exec("DELETE FROM t_Settle");
+    book.database->exec("INSERT INTO t_Settle VALUES (?, '01', 'x')", {nCount - 1});
+    EXPECT_EQ(book.database->query(sSql + ")", binds).integer(0, "n"), 1) << nCount;
+  }
+}
+
+TEST(DatabaseTest, AViewSeesOneStateOfTheBook) {
+  DESK_FILES_ONLY();
+  TempBook book;
+  const auto second = Database::open(book.folder.book("book.db"));
+  const auto count = [&] { return book.database->query("SELECT * FROM t_Settle").size(); };
+  {
+    const ReadView view(*book.database);
+    EXPECT_EQ(count(), 0u);
+    second->exec("INSERT INTO t_Settle VALUES (1, '01', 'x')");
+    EXPECT_EQ(count(), 0u) << "the view began before";
+    EXPECT_FALSE(book.database->in_transaction());
+  }
+  EXPECT_EQ(count(), 1u);
+}
+
+TEST(DatabaseTest, AViewEndsBeforeItsSeatWrites) {
+  TempBook book;
+  const auto second = Database::open(book.folder.book("book.db"), {.nBusyTimeoutMs = 20, .nCachedStatements = 8});
+  const ReadView view(*book.database);
+  const ReadView inner(*book.database);
+  book.database->query("SELECT * FROM t_Settle");
+  second->exec("INSERT INTO t_Settle VALUES (1, '01', 'x')");
+  book.database->exec("INSERT INTO t_Settle VALUES (2, '02', 'y')");
+  EXPECT_EQ(second->query("SELECT * FROM t_Settle").size(), 2u) << "the write stands at once";
+  EXPECT_NO_THROW(Transaction(*second).commit()) << "and keeps nobody out";
+}
+
+TEST(DatabaseTest, AViewInsideATransactionLeavesItAlone) {
+  TempBook book;
+  Transaction transaction(*book.database);
+  { const ReadView view(*book.database); }
+  book.database->exec("INSERT INTO t_Settle VALUES (1, '01', 'x')");
+  transaction.commit();
+  EXPECT_EQ(book.database->query("SELECT * FROM t_Settle").size(), 1u);
+}
+
 TEST(DatabaseTest, AFullDiskIsToldAndNothingIsChanged) {
   DESK_FILES_ONLY();
   TempBook book;

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "data/sql_shapes.h"
 #include "temp_book.h"
 
 namespace desk {
@@ -91,9 +92,38 @@ TEST(SqlDialectTest, TheUpdateOfTheSettlementFieldsWrites) {
 }
 
 TEST(SqlDialectTest, TextsThatDifferInAnIdShareOneStatement) {
-  const auto sql = [](std::string_view sText) { return translate(sText).aStatements.at(0).sSql; };
+  const auto sql = [](std::string_view sText) { return translate(sText, tokenize_sql(sText)).aStatements.at(0).sSql; };
   EXPECT_EQ(sql("select 1 from icsale where finterid= 12"), sql("select 1 from  icsale where finterid=7"));
   EXPECT_EQ(sql("select 1 from icsale where finterid= 12"), "select 1 from icsale where finterid = ?");
+}
+
+TEST(SqlDialectTest, TextsThatDifferInAnIdShareOneTranslation) {
+  SqlShapes shapes;
+  const auto translated = [&](std::string_view sText) -> const SqlBatch& {
+    return shapes.translation(sText, tokenize_sql(sText));
+  };
+  const SqlBatch* const pFirst = &translated("select 1 from icsale where finterid= 12");
+  EXPECT_EQ(&translated("select 1 from icsale  where finterid= 7"), pFirst);
+  EXPECT_EQ(shapes.size(), 1u);
+  translated("select 1 from icsale where finterid= '12'");
+  EXPECT_EQ(shapes.size(), 2u) << "a text is no number";
+}
+
+TEST(SqlDialectTest, ALiteralThatStaysInTheStatementIsTranslatedAnew) {
+  DemoBook book;
+  EXPECT_EQ(run_sql(*book.database, "select 1 as FOne from t_Emp where FNumber='001'").integer(0, "FOne"), 1);
+  EXPECT_EQ(run_sql(*book.database, "select 2 as FOne from t_Emp where FNumber='001'").integer(0, "FOne"), 2);
+  EXPECT_EQ(run_sql(*book.database, "select 'a' as FOne from t_Emp where FNumber='001'").text(0, "FOne"), "a");
+  EXPECT_TRUE(run_sql(*book.database, "select 2 as FOne from t_Emp where FNumber='nobody'").empty());
+}
+
+TEST(SqlDialectTest, AWordInBracketsIsNotTheSameAsTheBareWord) {
+  SqlShapes shapes;
+  const auto sql = [&](std::string_view sText) {
+    return shapes.translation(sText, tokenize_sql(sText)).aStatements.at(0).sSql;
+  };
+  EXPECT_EQ(sql("select FName from t_Emp"), "select FName from t_Emp");
+  EXPECT_EQ(sql("select [FName] from t_Emp"), "select \"FName\" from t_Emp");
 }
 
 TEST(SqlDialectTest, TheSourceFilterIsCarriedAsACondition) {
@@ -108,6 +138,42 @@ TEST(SqlDialectTest, TheSourceFilterIsCarriedAsACondition) {
                   "vw_arap_RBillList.FEntryID_HXD_SRC = 1 and vw_arap_RBillList.FClassTypeID_SRC = 1000002) )"),
             4u);
   EXPECT_EQ(translate_order(" vw_arap_RBackBillList.Fbillid desc"), "vw_arap_RBackBillList.Fbillid desc");
+}
+
+TEST(SqlDialectTest, TheSourceFilterOfALongBillIsAListOfRows) {
+  DemoBook book;
+  const auto found = [&](const std::string& sFilter) {
+    const TranslatedCondition condition = translate_condition(sFilter);
+    return book.database->query("SELECT FBillID FROM vw_arap_RBillList WHERE " + condition.sSql + " ORDER BY FBillID",
+                                condition.binds);
+  };
+  const std::string sInvoices = "FOriCustID =1 and FClassTypeID_SRC = 1000002";
+  const Rows all = found(sInvoices);
+  ASSERT_GT(all.size(), 1u);
+  const std::int32_t nLeft = all.integer(1, "FBillID");
+  std::string sRows;
+  for (int nRow = 1; nRow <= 3000; ++nRow)
+    sRows += "(vw_arap_RBillList.FBillID =" + std::to_string(nRow == nLeft ? 99999 : nRow) +
+             " and vw_arap_RBillList.FClassTypeID_SRC = 1000002) or ";
+  sRows.resize(sRows.size() - 3);
+  const Rows left = found(sInvoices + " and not (" + sRows + ")");
+  ASSERT_EQ(left.size(), 1u) << "all but one of them are in the bill";
+  EXPECT_EQ(left.integer(0, "FBillID"), nLeft);
+}
+
+TEST(SqlDialectTest, ManyAlternativesBecomeAListOfRowsWhereTheyAreAlike) {
+  const auto sql = [](int nCount, const std::string& sLast) {
+    std::string sText;
+    for (int n = 0; n < nCount; ++n) sText += "(a=1 and v.b='x') or ";
+    return translate_condition("c=2 and (" + sText + sLast + ")").sSql;
+  };
+  const std::string sList = sql(200, "A = 3 and v.B='y'");
+  EXPECT_TRUE(sList.starts_with("c = ? and ((a, v.b) in (values (?, ?), (?, ?), ")) << sList;
+  EXPECT_TRUE(sList.ends_with(", (?, ?)))")) << sList;
+  EXPECT_TRUE(sql(2, "(a=3 and v.b='y')").starts_with("c = ? and ((a = ? and v.b = ?) or (a = ? ")) << "few stay";
+  for (const char* sOther :
+       {"a=1", "not a=1 and v.b='x'", "a=1 and v.b=2", "a=1 or v.b='x'", "a<>1 and v.b='x'", "a=1 and v.c='x'"})
+    EXPECT_EQ(sql(200, sOther).find("values"), std::string::npos) << sOther;
 }
 
 TEST(SqlDialectTest, TheEmployeeFilterOffersTheDepartmentAndThoseWithoutOne) {
@@ -137,7 +203,7 @@ TEST(SqlDialectTest, BracketsAndJoinedLiteralsAndCommentsAreRead) {
 TEST(SqlDialectTest, WhatCannotBeCarriedNamesItsPosition) {
   const auto where = [](std::string_view sText) {
     try {
-      translate(sText);
+      translate(sText, tokenize_sql(sText));
     } catch (const DeskError& error) {
       EXPECT_EQ(error.kind(), ErrorKind::UnsupportedSql) << sText;
       return error.where().substr(0, error.where().find(" of:"));

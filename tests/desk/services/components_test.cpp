@@ -6,6 +6,7 @@
 #include "desk/services/small_book.h"
 #include "frame/contract_containers.h"
 #include "frame/contract_services.h"
+#include "frame/messages.h"
 #include "frame/module_state.h"
 #include "frame/open_choices.h"
 #include "frame/server_objects.h"
@@ -34,6 +35,15 @@ TEST_F(Components, ThePropsStringNamesUserAndConnection) {
   EXPECT_EQ(property("PropsString").text(),
             "UserName=li;UserID=1;ConnectString={Provider=desk;Data Source=" + book.path() + "};Language=chs");
   EXPECT_EQ(property("UserName").text(), "li");
+}
+
+TEST_F(Components, ABoxEndsTheViewOfTheBook) {
+  const auto second = Database::open(book.path());
+  const ReadView view(book.database());
+  EXPECT_EQ(book.database().query("SELECT * FROM t_Settle").size(), 0u);
+  second->exec("INSERT INTO t_Settle VALUES (1, '01', 'x')");
+  session.platform().MsgBox("sure?", arap::kQuestion, "t");
+  EXPECT_EQ(book.database().query("SELECT * FROM t_Settle").size(), 1u) << "the answer may have taken an hour";
 }
 
 TEST_F(Components, AnUnknownUserCantLogIn) { EXPECT_THROW(Session(book.database(), "nobody"), DeskError); }
