@@ -3,6 +3,7 @@
 #include <random>
 
 #include "frame/conversions.h"
+#include "support/case_name.h"
 
 namespace arap {
 namespace {
@@ -103,6 +104,10 @@ struct DateCase {
   std::string_view sExpected;  // "" when it isn't a date
 };
 
+std::string NameOfDateCase(const ::testing::TestParamInfo<DateCase>& test) {
+  return testing::case_name(test.index, test.param.sText);
+}
+
 class DateText : public ::testing::TestWithParam<DateCase> {};
 
 TEST_P(DateText, IsADateAsAWholeOrDoesNotConvert) {
@@ -124,7 +129,8 @@ INSTANTIATE_TEST_SUITE_P(Dates, DateText,
                                            DateCase{"2024-01-31 23:59:59", "2024-01-31 23:59:59"},
                                            DateCase{"12:30", "12:30:00"}, DateCase{"1:30:05 PM", "13:30:05"},
                                            DateCase{"12:00 am", "00:00:00"}, DateCase{"0100-01-01", "0100-01-01"},
-                                           DateCase{"2024-02-29", "2024-02-29"}));
+                                           DateCase{"2024-02-29", "2024-02-29"}),
+                         NameOfDateCase);
 
 INSTANTIATE_TEST_SUITE_P(
     Others, DateText,
@@ -133,7 +139,8 @@ INSTANTIATE_TEST_SUITE_P(
                       DateCase{"2024-01-00", ""}, DateCase{"2024-01/31", ""}, DateCase{"2024-01-31x", ""},
                       DateCase{"2024-01-31 24:00", ""}, DateCase{"2024-01-31 8:60", ""}, DateCase{"8:05:60", ""},
                       DateCase{"13:00 PM", ""}, DateCase{"2024-01", ""}, DateCase{"1.5", ""}, DateCase{"5", ""},
-                      DateCase{"2024年1月31", ""}, DateCase{"12345-01-01", ""}, DateCase{"8:", ""}));
+                      DateCase{"2024年1月31", ""}, DateCase{"12345-01-01", ""}, DateCase{"8:", ""}),
+    NameOfDateCase);
 
 TEST(ToDate, TakesNumbersAsDays) {
   EXPECT_EQ(ToDate(std::int32_t{36526}), DateSerial(2000, 1, 1));

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "frame/conversions.h"
+#include "support/case_name.h"
 
 namespace arap {
 namespace {
@@ -10,6 +11,10 @@ struct FormatCase {
   std::string_view sMask;
   std::string_view sExpected;
 };
+
+std::string NameOfFormatCase(const ::testing::TestParamInfo<FormatCase>& test) {
+  return testing::case_name(test.index, std::string(test.param.sMask) + " " + std::string(test.param.sExpected));
+}
 
 class FormatTable : public ::testing::TestWithParam<FormatCase> {};
 
@@ -28,20 +33,23 @@ INSTANTIATE_TEST_SUITE_P(
                       FormatCase{7.0, "000", "007"}, FormatCase{1234.0, "000", "1234"}, FormatCase{0.0, "#", ""},
                       FormatCase{0.5, "#.00", ".50"}, FormatCase{5.0, "0.##", "5."}, FormatCase{5.1, "0.##", "5.1"},
                       FormatCase{5.126, "0.##", "5.13"}, FormatCase{1e15, "0", "1000000000000000"},
-                      FormatCase{0.000015, "#0.000001", "0.000021"}));
+                      FormatCase{0.000015, "#0.000001", "0.000021"}),
+    NameOfFormatCase);
 
 INSTANTIATE_TEST_SUITE_P(Groups, FormatTable,
                          ::testing::Values(FormatCase{1234567.891, "#,##0.00", "1,234,567.89"},
                                            FormatCase{999.0, "#,##0", "999"}, FormatCase{1000.0, "#,##0", "1,000"},
                                            FormatCase{-1234.5, "#,##0.0", "-1,234.5"},
-                                           FormatCase{0.0, "#,##0.00", "0.00"}, FormatCase{7.0, "0,000", "0,007"}));
+                                           FormatCase{0.0, "#,##0.00", "0.00"}, FormatCase{7.0, "0,000", "0,007"}),
+                         NameOfFormatCase);
 
 INSTANTIATE_TEST_SUITE_P(NumbersOfOtherKinds, FormatTable,
                          ::testing::Values(FormatCase{"12.345", "0.00", "12.35"},
                                            FormatCase{std::int32_t{3}, "0.0", "3.0"}, FormatCase{true, "0", "-1"},
                                            FormatCase{Empty{}, "0.00", "0.00"}, FormatCase{Null{}, "0.00", ""},
                                            FormatCase{"abc", "0.00", "abc"}, FormatCase{"", "0.00", ""},
-                                           FormatCase{Date{36526}, "0", "36526"}, FormatCase{Missing{}, "0", ""}));
+                                           FormatCase{Date{36526}, "0", "36526"}, FormatCase{Missing{}, "0", ""}),
+                         NameOfFormatCase);
 
 INSTANTIATE_TEST_SUITE_P(
     Dates, FormatTable,
@@ -52,7 +60,8 @@ INSTANTIATE_TEST_SUITE_P(
                       FormatCase{Date{45322.3369212963}, "YYYYMMDDHHNNSS", "20240131080510"},
                       FormatCase{Date{45322.3369212963}, "hh:nn mm", "08:05 01"},
                       FormatCase{Date{45322}, "m/d/yy", "1/31/24"}, FormatCase{Date{45322}, "yyyy年mm月", "2024年01月"},
-                      FormatCase{Date{-1.25}, "yyyy-mm-dd hh", "1899-12-29 06"}));
+                      FormatCase{Date{-1.25}, "yyyy-mm-dd hh", "1899-12-29 06"}),
+    NameOfFormatCase);
 
 INSTANTIATE_TEST_SUITE_P(DatesOfOtherKinds, FormatTable,
                          ::testing::Values(FormatCase{"2024/1/3", "YYYY-MM-DD", "2024-01-03"},
@@ -61,11 +70,13 @@ INSTANTIATE_TEST_SUITE_P(DatesOfOtherKinds, FormatTable,
                                            FormatCase{Null{}, "YYYY-MM-DD", ""},
                                            FormatCase{"not a date", "yyyy-mm-dd", "not a date"},
                                            FormatCase{3e6, "yyyy-mm-dd", "3000000"},
-                                           FormatCase{"20240131", "yyyy-mm-dd", "20240131"}));
+                                           FormatCase{"20240131", "yyyy-mm-dd", "20240131"}),
+                         NameOfFormatCase);
 
 INSTANTIATE_TEST_SUITE_P(WithoutAMask, FormatTable,
                          ::testing::Values(FormatCase{1.5, "", "1.5"}, FormatCase{Null{}, "", ""},
-                                           FormatCase{Date{36526}, "", "2000-01-01"}, FormatCase{"a", "", "a"}));
+                                           FormatCase{Date{36526}, "", "2000-01-01"}, FormatCase{"a", "", "a"}),
+                         NameOfFormatCase);
 
 TEST(Format, PrintsWhatValReadsBack) {
   for (int nCents = -200000; nCents <= 200000; nCents += 7) {

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "frame/conversions.h"
+#include "support/case_name.h"
 
 namespace arap {
 namespace {
@@ -20,6 +21,10 @@ struct NumericCase {
   bool bNumeric;
   double dValue = 0;
 };
+
+std::string NameOfNumericCase(const ::testing::TestParamInfo<NumericCase>& test) {
+  return testing::case_name(test.index, test.param.sText);
+}
 
 class NumericText : public ::testing::TestWithParam<NumericCase> {};
 
@@ -41,7 +46,8 @@ INSTANTIATE_TEST_SUITE_P(Numbers, NumericText,
                                            NumericCase{"5.", true, 5}, NumericCase{"1,234.5", true, 1234.5},
                                            NumericCase{"1,2,3", true, 123}, NumericCase{"1E3", true, 1000},
                                            NumericCase{"1d-2", true, .01}, NumericCase{"&HFF", true, 255},
-                                           NumericCase{"&o17", true, 15}, NumericCase{"0", true, 0}));
+                                           NumericCase{"&o17", true, 15}, NumericCase{"0", true, 0}),
+                         NameOfNumericCase);
 
 INSTANTIATE_TEST_SUITE_P(
     Others, NumericText,
@@ -51,7 +57,8 @@ INSTANTIATE_TEST_SUITE_P(
                       NumericCase{"1E", false}, NumericCase{"1E+", false}, NumericCase{"E1", false},
                       NumericCase{"12元", false}, NumericCase{"abc", false}, NumericCase{"True", false},
                       NumericCase{"&H", false}, NumericCase{"&HG", false}, NumericCase{"&O8", false},
-                      NumericCase{"&10", false}, NumericCase{"1E400", false}, NumericCase{"2024-01-31", false}));
+                      NumericCase{"&10", false}, NumericCase{"1E400", false}, NumericCase{"2024-01-31", false}),
+    NameOfNumericCase);
 
 TEST(IsNumeric, AnswersByTheKindOfAValue) {
   EXPECT_TRUE(IsNumeric(Empty{}));
@@ -131,6 +138,10 @@ struct TextCase {
   std::string_view sExpected;
 };
 
+std::string NameOfTextCase(const ::testing::TestParamInfo<TextCase>& test) {
+  return testing::case_name(test.index, test.param.sExpected);
+}
+
 class TextOfDouble : public ::testing::TestWithParam<TextCase> {};
 
 TEST_P(TextOfDouble, HasFifteenDigits) { EXPECT_EQ(TextOf(GetParam().dValue), GetParam().sExpected); }
@@ -143,7 +154,8 @@ INSTANTIATE_TEST_SUITE_P(
                       TextCase{1e15, "1E+15"}, TextCase{1234567890123456, "1.23456789012346E+15"},
                       TextCase{-1e100, "-1E+100"}, TextCase{0.0001, "0.0001"}, TextCase{0.00012345, "0.00012345"},
                       TextCase{0.00001, "1E-05"}, TextCase{0.000012345, "1.2345E-05"}, TextCase{1e-100, "1E-100"},
-                      TextCase{0.99999999999999999, "1"}));
+                      TextCase{0.99999999999999999, "1"}),
+    NameOfTextCase);
 
 TEST(TextOf, WritesEveryKind) {
   EXPECT_EQ(TextOf(Variant()), "");

@@ -5,6 +5,7 @@
 
 #include "frame/conversions.h"
 #include "frame/text_utils.h"
+#include "support/case_name.h"
 
 namespace arap {
 namespace {
@@ -14,6 +15,10 @@ struct RoundCase {
   int nDigits;
   double dExpected;
 };
+
+std::string NameOfRoundCase(const ::testing::TestParamInfo<RoundCase>& test) {
+  return testing::case_name(test.index, TextOf(test.param.dValue) + " to " + std::to_string(test.param.nDigits));
+}
 
 class RoundTable : public ::testing::TestWithParam<RoundCase> {};
 
@@ -34,7 +39,8 @@ INSTANTIATE_TEST_SUITE_P(
                       RoundCase{6e-3, 2, 0.01}, RoundCase{1234567890123456, 2, 1234567890123456},
                       RoundCase{1000000000000000.5, 0, 1000000000000000.0}, RoundCase{1e300, 0, 1e300},
                       RoundCase{99999999999998.51, 0, 99999999999999.0},
-                      RoundCase{99999999999998.5, 0, 99999999999998.0}));
+                      RoundCase{99999999999998.5, 0, 99999999999998.0}),
+    NameOfRoundCase);
 
 TEST(Round, RefusesDigitsOutsideZeroTo22) {
   for (const int nDigits : {-1, 23}) {
@@ -79,19 +85,22 @@ INSTANTIATE_TEST_SUITE_P(
                       RoundCase{2.4, 0, 2}, RoundCase{1.5, 2, 1.5}, RoundCase{7, 2, 7}, RoundCase{9.995, 2, 10},
                       RoundCase{12345678.125, 2, 12345678.13}, RoundCase{99999999999.125, 2, 99999999999.13},
                       RoundCase{1000000.67, 10, 1000000.67}, RoundCase{123456789.12, 10, 123456789.12},
-                      RoundCase{12.3456785, 6, 12.345679}));
+                      RoundCase{12.3456785, 6, 12.345679}),
+    NameOfRoundCase);
 
 INSTANTIATE_TEST_SUITE_P(LongValuesHalfToEven, AmountTable,
                          ::testing::Values(RoundCase{1.1250, 1, 1.1}, RoundCase{2.25000001, 1, 2.3},
                                            RoundCase{1.1251, 2, 1.13}, RoundCase{1.1249, 2, 1.12},
                                            RoundCase{1.0 / 3, 2, 0.33}, RoundCase{2.0 / 3, 2, 0.67},
                                            RoundCase{0.1 + 0.2, 10, 0.3}, RoundCase{0.00005, 4, 0},
-                                           RoundCase{0.00015, 4, 0.0002}));
+                                           RoundCase{0.00015, 4, 0.0002}),
+                         NameOfRoundCase);
 
 INSTANTIATE_TEST_SUITE_P(OutOfRange, AmountTable,
                          ::testing::Values(RoundCase{1e15, 2, 0}, RoundCase{922337203685479, 2, 0},
                                            RoundCase{922337203685478, 2, 922337203685478},
-                                           RoundCase{922337203685478.25, 0, 922337203685478}, RoundCase{1e300, 0, 0}));
+                                           RoundCase{922337203685478.25, 0, 922337203685478}, RoundCase{1e300, 0, 0}),
+                         NameOfRoundCase);
 
 TEST(RoundAmount, AnswersTheIntegerZeroForNoAmount) {
   for (const Variant& vValue : {Variant(Null{}), Variant(Empty{}), Variant(0.0), Variant(1e15), Variant("abc"),

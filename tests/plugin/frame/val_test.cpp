@@ -5,6 +5,7 @@
 #include <random>
 
 #include "frame/conversions.h"
+#include "support/case_name.h"
 
 namespace arap {
 namespace {
@@ -13,6 +14,10 @@ struct ValCase {
   std::string_view sText;
   double dExpected;
 };
+
+std::string NameOfValCase(const ::testing::TestParamInfo<ValCase>& test) {
+  return testing::case_name(test.index, test.param.sText);
+}
 
 class ValTable : public ::testing::TestWithParam<ValCase> {};
 
@@ -25,21 +30,24 @@ INSTANTIATE_TEST_SUITE_P(Val, ValTable,
                                            ValCase{"1 2 3", 123}, ValCase{"1\t2\n3", 123}, ValCase{"  1 . 5 ", 1.5},
                                            ValCase{"1\r2", 1}, ValCase{"1.2.3", 1.2}, ValCase{"1,234", 1},
                                            ValCase{"12abc", 12}, ValCase{"abc12", 0}, ValCase{"True", 0},
-                                           ValCase{"12元", 12}, ValCase{"2024-01-31", 2024}, ValCase{"0x10", 0}));
+                                           ValCase{"12元", 12}, ValCase{"2024-01-31", 2024}, ValCase{"0x10", 0}),
+                         NameOfValCase);
 
 INSTANTIATE_TEST_SUITE_P(Exponents, ValTable,
                          ::testing::Values(ValCase{"1E3", 1000}, ValCase{"1e3", 1000}, ValCase{"1D3", 1000},
                                            ValCase{"1d-3", .001}, ValCase{"1E+3", 1000}, ValCase{"1 E 3", 1000},
                                            ValCase{"1E", 1}, ValCase{"1E+", 1}, ValCase{"1Ex", 1}, ValCase{"E3", 0},
                                            ValCase{"1.5E2.5", 150}, ValCase{"-1E-2", -.01}, ValCase{"1E-400", 0},
-                                           ValCase{"1E400", std::numeric_limits<double>::infinity()}));
+                                           ValCase{"1E400", std::numeric_limits<double>::infinity()}),
+                         NameOfValCase);
 
 INSTANTIATE_TEST_SUITE_P(Literals, ValTable,
                          ::testing::Values(ValCase{"&HFF", 255}, ValCase{"&hff", 255}, ValCase{" & H F F", 255},
                                            ValCase{"&HFFFF", -1}, ValCase{"&H8000", -32768}, ValCase{"&H7FFF", 32767},
                                            ValCase{"&HFFFF&", 65535}, ValCase{"&H10000", 65536},
                                            ValCase{"&HFFFFFFFF", -1}, ValCase{"&O17", 15}, ValCase{"&o18", 1},
-                                           ValCase{"&HG", 0}, ValCase{"&H", 0}, ValCase{"&", 0}, ValCase{"&10", 0}));
+                                           ValCase{"&HG", 0}, ValCase{"&H", 0}, ValCase{"&", 0}, ValCase{"&10", 0}),
+                         NameOfValCase);
 
 TEST(Val, ReadsBackEveryTextOfAnAmount) {
   std::mt19937_64 random(20240131);
