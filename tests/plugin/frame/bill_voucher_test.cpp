@@ -57,6 +57,21 @@ TEST_P(BillVoucher, ABillThatIsntStoredHasNone) {
   EXPECT_EQ(editor().count(Member::LoadVoucher), 0u);
 }
 
+TEST_P(BillVoucher, OnlyAnIdOfZeroIsNoVoucher) {
+  voucher_is(-1);
+  bill->click("mnuViewVch");
+  EXPECT_TRUE(boxes().empty());
+  EXPECT_EQ(editor().last(Member::LoadVoucher)[1].text(), "-1");
+}
+
+TEST_P(BillVoucher, IsAskedForOverTheConnectionThatTheSessionHasNow) {
+  voucher_is(77);
+  bill->click("mnuViewVch");
+  session.set_props("ConnectString={Data Source=other};UserName=li;UserID=7;");
+  bill->click("mnuViewVch");
+  EXPECT_EQ(plain_text(session.server("NUVConnection.AppConnection").last(Member::Execute)[0]), "Data Source=other");
+}
+
 TEST_P(BillVoucher, WithoutTheRightOnlyTheMessageOfTheRightIsShown) {
   voucher_is(77);
   session.server("NUVLPSGLVoucher.VoucherInfo").answers(Member::CheckVoucherRight, false);

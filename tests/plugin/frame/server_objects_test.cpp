@@ -131,6 +131,13 @@ TEST_F(ServerObjectsTest, TaskThatTheHostKeepsKeepsItsId) {
   EXPECT_EQ(nTaskID, 9);
 }
 
+TEST_F(ServerObjectsTest, AnyIdButZeroIsCommitted) {
+  session.login().answers(Member::CommitTask, true);
+  std::int32_t nTaskID = -3;
+  EXPECT_TRUE(CommitTask(nTaskID));
+  EXPECT_EQ(nTaskID, 0);
+}
+
 TEST_F(ServerObjectsTest, CommitOfNoTaskAnswersFalseWithoutACall) {
   std::int32_t nTaskID = 0;
   EXPECT_FALSE(CommitTask(nTaskID));

@@ -168,6 +168,11 @@ TEST_F(SessionTest, CurrentPeriodOfADateColumnIsFormatted) {
   EXPECT_EQ(GetCurrentPeriodStart(), "2024-03-01");
 }
 
+TEST_F(SessionTest, CurrentPeriodThatIsNoDateIsItsTrimmedText) {
+  session.system_data.answer("declare", recordset({"FStartDate", "FEndDate"}, {{" first ", Null{}}}));
+  EXPECT_EQ(GetCurrentPeriodStart(), "first");
+}
+
 TEST_F(SessionTest, ReportDateComesFromTheSystem) {
   session.report_date = "2024-05-31";
   EXPECT_EQ(GetReportTransDate(), DateSerial(2024, 5, 31));

@@ -176,6 +176,15 @@ TEST_F(SetBillFieldTest, HeadRowOnABodyFieldMeansEveryRow) {
   for (int nRow = 1; nRow <= 3; ++nRow) EXPECT_EQ(oBill->number("FRowAmount", nRow), 5) << nRow;
 }
 
+TEST_F(SetBillFieldTest, HeadRowOnAFieldOfTheSecondBodyMeansEveryRowOfThatBody) {
+  const auto oTwoBodies = make_object<TestBill>(2);
+  oTwoBodies->define("FRowNote", 3, "");
+  for (int i = 0; i < 2; ++i) oTwoBodies->add_row({}, 2);
+  oTwoBodies->add_row();
+  SetBillField(BillEvent(Ref<Object>(oTwoBodies)), "FRowNote", kHead, "x");
+  for (int nRow = 1; nRow <= 2; ++nRow) EXPECT_EQ(oTwoBodies->text("FRowNote", nRow), "x") << nRow;
+}
+
 TEST_F(SetBillFieldTest, OneRowOfABodyLeavesTheOthers) {
   for (int i = 0; i < 3; ++i) oBill->add_row();
   Set("FRowAmount", 2, 5, true);

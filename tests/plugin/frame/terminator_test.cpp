@@ -128,9 +128,12 @@ TEST_P(TerminatorTest, WithoutAnObjectOfTasksThereIsNothingToCommitInOneGo) {
 }
 
 TEST_P(TerminatorTest, BillThatWasNeverLoadedMakesNoCallToTheMutex) {
-  Release(0, 88);
-  EXPECT_FALSE(trace().has("NUVNetControl.Mutex"));
-  EXPECT_TRUE(trace().has("Login.CommitTask(88)"));
+  for (const std::int32_t nBillId : {0, -5}) {
+    session.held_tasks = {88};
+    Release(nBillId, 88);
+    EXPECT_FALSE(trace().has("NUVNetControl.Mutex")) << nBillId;
+    EXPECT_TRUE(trace().has("Login.CommitTask(88)")) << nBillId;
+  }
 }
 
 TEST_P(TerminatorTest, WithoutATaskNothingIsCommitted) {

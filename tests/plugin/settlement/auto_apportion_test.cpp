@@ -80,6 +80,12 @@ TEST_P(AutoApportion, WhatIsLeftIsToldUnroundedAndTheRowsKeepWhatTheyGot) {
   EXPECT_EQ(bill->number("FAmountFor", -1), 100);
 }
 
+TEST_P(AutoApportion, ARemainderBelowACentIsToldToo) {
+  add_source(1, 1, 1);
+  apportion(1.00390625);
+  EXPECT_EQ(boxes(), notice(remainder("0.00390625")));
+}
+
 TEST_P(AutoApportion, ARemainderHasTheDefaultTextOfADouble) {
   add_source(1, 1, 99.9);
   apportion(100.0625);

@@ -71,6 +71,14 @@ TEST_P(AutoSum, RowsWithoutAWriteOffAreToldEvenIfTheHeadHasAnAmount) {
   }
 }
 
+TEST_P(AutoSum, ASumBelowACentIsASum) {
+  bill->head("FAmountFor", 9.0);
+  add_source(1, 0.004, 0.004);
+  sum();
+  EXPECT_TRUE(boxes().empty());
+  EXPECT_EQ(bill->number("FAmountFor", -1), 0);
+}
+
 TEST_P(AutoSum, AFullPercentageReceivesEverythingAndGivesNothingAway) {
   add_source(1, 60, 60);
   add_source(1, 40.5, 40.5);

@@ -48,6 +48,16 @@ TEST_P(BeginEdit, LeavingThePartnerShowsItsCredit) {
   EXPECT_EQ(bill->panel(5), "");
 }
 
+TEST_P(BeginEdit, OnlyTheFourBillClassesHaveACreditText) {
+  session.server("NUVBills.clsCredit").answers(Member::GetStatusMoneyAndCredit, "额度 9");
+  bill->info(side.sPartner)->set("FFieldName", side.sPartner);
+  for (const std::int32_t nClass : {1000201, 1000202, 1000205, 1000206, 1000207, 0}) {
+    bill->info(side.sPartner)->set("FClassTypeID", nClass);
+    leave(Ref<Object>(bill->info(side.sPartner)));
+    EXPECT_EQ(bill->panel(5), nClass > 0 && nClass != 1000207 ? "额度 9" : "") << nClass;
+  }
+}
+
 TEST_P(BeginEdit, LeavingNothingOrAnotherFieldShowsNothing) {
   leave(Ref<Object>());
   bill->info("FDate")->set("FFieldName", "FDate");

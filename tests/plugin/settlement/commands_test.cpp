@@ -73,6 +73,8 @@ TEST_P(Commands, WithoutAPartnerTheLookUpWarnsAndIsCancelled) {
   EXPECT_TRUE(bill->click("mnuDataLookUp"));
   EXPECT_EQ(boxes(), warning(pick("请选择客户", "请选择供应商")));
   EXPECT_FALSE(trace().has("DoSelBillExt"));
+  // The kind is chosen before the partner is asked for, unlike with the selection's own command.
+  EXPECT_EQ(plain_number(bill->bar->tool("mnuDataLookUp").property(Member::ToolId)), side.nOpenKind);
 }
 
 TEST_P(Commands, TheStockQueryNeverReachesTheHost) {

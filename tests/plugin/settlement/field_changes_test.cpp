@@ -222,8 +222,11 @@ TEST_P(FieldChanges, EqualAmountsEmptyTheDiscountAccountAsOneHundredPerCentDoes)
     change(sKey, 50.0);
     EXPECT_EQ(bill->number("FDiscountAcctId"), 0) << sKey;
     bill->head("FDiscountAcctId", std::int32_t{55});
-    change(sKey, 40.0);
-    EXPECT_EQ(bill->number("FDiscountAcctId"), 55) << sKey;
+    for (const double dOther : {40.0, 60.0}) {
+      change(sKey, dOther);
+      EXPECT_FALSE(locked("FDiscountAcctId")) << sKey << dOther;
+      EXPECT_EQ(bill->number("FDiscountAcctId"), 55) << sKey << dOther;
+    }
   }
 }
 
@@ -300,6 +303,13 @@ TEST_P(FieldChanges, AnAccountInTheHeadsCurrencyOrAnUnknownOneChangesNothing) {
   use_currency(2, "USD");
   change("FAcctID", std::int32_t{80});
   EXPECT_FALSE(trace().has("SetFieldValue("));
+}
+
+TEST_P(FieldChanges, TheAccountsCurrencyIsComparedByItsCode) {
+  bill->sql.answer("Select  a.FCurrencyID", recordset({"a", "b"}, {{std::int32_t{2}, "US"}}));
+  use_currency(2, "USD");
+  change("FAcctID", std::int32_t{80});
+  EXPECT_TRUE(trace().has("SetFieldValue(\"FCurrencyId\", \"US\", -1)"));
 }
 
 TEST_P(FieldChanges, AnotherFieldChangesNothing) {

@@ -34,6 +34,16 @@ TEST_P(SaveAndExit, OfACheckedBillOnlyTheSettlementFieldsAreWritten) {
   EXPECT_FALSE(trace().has("SetStatusPanel"));
 }
 
+TEST_P(SaveAndExit, OnlyTheStatusOneIsChecked) {
+  for (const std::int32_t nStatus : {0, 2, -1}) {
+    bill->head("FStatus", nStatus);
+    bill->click("mnuFileSave");
+    EXPECT_FALSE(bill->not_save) << nStatus;
+  }
+  EXPECT_TRUE(session.commands.texts.empty());
+  EXPECT_EQ(push().count(Member::GetBillTypeID), 3u);
+}
+
 TEST_P(SaveAndExit, AQuoteInTheSettlementNumberGoesIntoTheStatementAsItStands) {
   bill->head("FStatus", 1).head("FSettleID", 4).head("FSettleIDNO", "O'K");
   bill->click("mnuFileSave");

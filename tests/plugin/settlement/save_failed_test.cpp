@@ -1,3 +1,4 @@
+#include "frame/conversions.h"
 #include "plugin/settlement/settlement_fixture.h"
 
 namespace arap::testing {
@@ -40,6 +41,7 @@ TEST_P(SaveFailed, OnlyTheTextOfThePercentageActionRoundsTheDiscount) {
   };
   action("FDiscount=(FAmountFor/FAmountFor)*100");
   action(std::string(side.sDiscountAction) + " ");
+  action(LowerCase(side.sDiscountAction));
   EXPECT_EQ(bill->number("FDiscount"), 33.33333333);
   action(side.sDiscountAction);
   EXPECT_EQ(bill->number("FDiscount"), 33.333333);

@@ -106,6 +106,12 @@ TEST_P(SaveRows, ANegativeRowSettlesUpToItsOpenAmount) {
   expect_refusal("第1行本次核销金额不能大于未核销金额。");
 }
 
+TEST_P(SaveRows, AWriteOffAboveTheOpenAmountByLessThanACentIsTooLarge) {
+  add({.nInterID = 1, .dOpenFor = 60, .dSettleFor = 60.001});
+  set_amounts(*bill, GetParam(), 60, 60);
+  expect_refusal("第1行本次核销金额不能大于未核销金额。");
+}
+
 TEST_P(SaveRows, ARowClosedInItsCurrencyIsComparedInBaseCurrency) {
   add({.nInterID = 1, .dOpenFor = 0, .dSettleFor = -5});
   set_amounts(*bill, GetParam(), -5, -5);

@@ -180,6 +180,13 @@ TEST_P(SelectionFill, NoRecordsetOrAnEmptyOneLeavesTheHead) {
   EXPECT_EQ(bill->number("FEmployeeID", -1), 6);
 }
 
+TEST_P(SelectionFill, ARecordsetThatCannotCountItsRecordsLeavesTheHead) {
+  const auto oRows = make_object<ServerStub>("Recordset");
+  oRows->property(Member::RecordCount, std::int32_t{-1});
+  EXPECT_NO_THROW(fill(Ref<Object>(oRows)));
+  EXPECT_EQ(bill->number("FDepartmentID", -1), 5);
+}
+
 TEST_P(SelectionFill, AnErrorPassesToTheHostAndWrittenRowsStay) {
   add_source(1, 1, 20);
   add_source(77, 1, 30);
