@@ -15,7 +15,7 @@ namespace arap::com {
 Ref<Object> object_of(IUnknown* unknown);
 
 /// The COM object for an Object; empty for Nothing. An Object of this module is exposed late-bound by the names of
-/// names.h, or with type information where a TypeLibraryUse knows its type name.
+/// names.h, or with type information where a TypeLibraryUse or the module's own library knows its type name.
 ComPtr<IDispatch> dispatch_of(const Ref<Object>& object);
 
 /// Exposes an Object as the class of a type library: its default interface gives the names, types and by-reference

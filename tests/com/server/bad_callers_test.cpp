@@ -104,6 +104,13 @@ TEST_F(BadCallers, SourceThatTellsItsTypeWithoutAClassIsHeard) {
   EXPECT_EQ(oSource->sinks(), 1);
 }
 
+TEST_F(BadCallers, SourceOfTheRightTypeWithoutEventsIsAnError) {
+  const auto oSource = com::ComPtr<RoughSource>::adopt(new RoughSource(RoughSource::Info::Class));
+  oSource->mute = true;
+  EXPECT_EQ(run(create("clsReceiveBill"), L"Show", {object_value(oSource.get())}).code, DISP_E_EXCEPTION);
+  EXPECT_EQ(outcome.scode, static_cast<SCODE>(0x800A01CB));
+}
+
 TEST_F(BadCallers, SourceThatRefusesTheConnectionIsAnError) {
   const auto oSource = com::ComPtr<RoughSource>::adopt(new RoughSource(RoughSource::Info::Class));
   oSource->refuse = true;

@@ -44,7 +44,7 @@ HRESULT RoughSource::QueryInterface(REFIID id, void** out) {
   IUnknown* found = nullptr;
   if (id == IID_IUnknown || id == IID_IDispatch) found = static_cast<IDispatch*>(this);
   if (id == IID_IProvideClassInfo && info_ == Info::Class) found = static_cast<IProvideClassInfo*>(this);
-  if (id == IID_IConnectionPointContainer) found = static_cast<IConnectionPointContainer*>(this);
+  if (id == IID_IConnectionPointContainer && !mute) found = static_cast<IConnectionPointContainer*>(this);
   if (id == IID_IConnectionPoint) found = static_cast<IConnectionPoint*>(this);
   *out = found;
   if (found == nullptr) return E_NOINTERFACE;

@@ -17,6 +17,7 @@ class RoughSource final : public IDispatch,
   explicit RoughSource(Info info);
 
   bool refuse = false;       // Advise fails
+  bool mute = false;         // it has no connection points
   bool keeps_sinks = false;  // Unadvise succeeds and forgets nobody
   int sinks() const { return static_cast<int>(sinks_.size()); }
   /// From now on every call fails as that of an object whose process is gone.

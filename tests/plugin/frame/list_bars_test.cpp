@@ -1,6 +1,5 @@
 #include <regex>
 
-#include "lists/bar_templates.h"
 #include "plugin/frame/bill_class_fixture.h"
 #include "support/test_windows.h"
 
@@ -26,7 +25,8 @@ class ListBarsOfBills : public BillClassTest {
     } else if (!missing.sBand.empty()) {
       list->bar->remove(missing.sBand, missing.sTool);
     }
-    LoadedFrmBar();
+    // The first bar loads the form of the templates.
+    list->fire(Event::BarInitialize, {TestBar::of_list_window()});
     trace().clear();
     list->fire(Event::BarInitialize, {list->bar});
     return trace().lines();
