@@ -84,6 +84,13 @@ TEST_P(BillChecks, TheFirstDayOfTheCurrentPeriodPasses) {
   EXPECT_EQ(asked(), 1u);
 }
 
+TEST_P(BillChecks, DatesAreComparedInOneForm) {
+  session.system_data.answer("declare @Per", recordset({"FStartDate", "FEndDate"}, {{"2024-10-01", "2024-10-31"}}));
+  bill->head("FDate", "2024-2-1");
+  bill->click("mnuEditUnCheck");
+  EXPECT_EQ(asked(), 0u);
+}
+
 TEST_P(BillChecks, ADateValueIsComparedByItsDay) {
   bill->head("FDate", DateSerial(2023, 12, 31));
   bill->click("mnuEditUnCheck");

@@ -149,6 +149,10 @@ TEST_F(ServerObjectsTest, MachineNameEndsAtItsTerminatorOrAfter39Characters) {
   EXPECT_EQ(GetMachineName(), "DESK");
   session.platform.computer_name = std::string(50, 'x');
   EXPECT_EQ(GetMachineName(), std::string(39, 'x'));
+  std::string sLong;
+  for (int i = 0; i < 45; ++i) sLong += "收";
+  session.platform.computer_name = sLong;
+  EXPECT_EQ(GetMachineName(), sLong.substr(0, 39 * std::string("收").size()));
   session.platform.computer_name = "收款台";
   EXPECT_EQ(GetMachineName(), "收款台");
 }

@@ -176,6 +176,13 @@ TEST_F(SetBillFieldTest, HeadRowOnABodyFieldMeansEveryRow) {
   for (int nRow = 1; nRow <= 3; ++nRow) EXPECT_EQ(oBill->number("FRowAmount", nRow), 5) << nRow;
 }
 
+TEST_F(SetBillFieldTest, WholeColumnIsShownRowByRow) {
+  for (int i = 0; i < 2; ++i) oBill->add_row();
+  Set("FRowAmount", kHead, 5, true);
+  EXPECT_EQ(trace().lines_with("SetText"),
+            (std::vector<std::string>{"BillEvent.SetText(FRowAmount, 5, 1)", "BillEvent.SetText(FRowAmount, 5, 2)"}));
+}
+
 TEST_F(SetBillFieldTest, HeadRowOnAFieldOfTheSecondBodyMeansEveryRowOfThatBody) {
   const auto oTwoBodies = make_object<TestBill>(2);
   oTwoBodies->define("FRowNote", 3, "");

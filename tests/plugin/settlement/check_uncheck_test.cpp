@@ -54,6 +54,15 @@ TEST_P(CheckUncheck, ACheckThatTheServiceRefusesLocksNothingAndShowsTheBillAgain
   EXPECT_FALSE(bill->cell_locked("FAmountFor"));
 }
 
+TEST_P(CheckUncheck, AnyAnswerButOneIsASuccess) {
+  for (const int nResult : {2, -1}) {
+    session.check_result = nResult;
+    trace().clear();
+    bill->click("mnuEditCheck");
+    EXPECT_TRUE(trace().has("LockCell(FAmountFor, -1, True)")) << nResult;
+  }
+}
+
 TEST_P(CheckUncheck, TheTraceOfACheckIsApproved) {
   bill->click("mnuEditCheck");
   expect_golden("check");

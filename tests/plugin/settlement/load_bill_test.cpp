@@ -87,6 +87,16 @@ TEST_P(LoadBill, ACheckedBillIsLockedPageByPageAndShowsItsVoucherCommand) {
   EXPECT_TRUE(locked("FExchangeRate"));
 }
 
+TEST_P(LoadBill, OnlyTheStatusOneIsChecked) {
+  for (const std::int32_t nStatus : {2, -1}) {
+    bill->head("FStatus", nStatus);
+    load();
+    EXPECT_FALSE(trace().has("SetLockProperty(")) << nStatus;
+    EXPECT_FALSE(locked("FAmountFor")) << nStatus;
+    EXPECT_EQ(enabled("mnuViewVch"), false) << nStatus;
+  }
+}
+
 TEST_P(LoadBill, ABillOfAnotherUserHasItsCommandsOffButItsFieldsFree) {
   bill->mutex_success = false;
   load();
@@ -115,6 +125,8 @@ TEST_P(LoadBill, AnAdvanceHasNoSourcesAndNoDiscount) {
   use_type(side.nAdvanceType);
   load();
   EXPECT_EQ(enabled(side.sSelectTool), false);
+  EXPECT_FALSE(bill->bar->tool("mnuDataAutoSumAmt").enabled());
+  EXPECT_FALSE(bill->bar->tool("mnuDataAutoPartAmt").enabled());
   for (const char* sKey : {side.sSourceNo, "FBillSettleAmountFor", side.sReceivedFor, "FDiscount"}) {
     EXPECT_TRUE(locked(sKey)) << sKey;
   }

@@ -126,6 +126,13 @@ TEST_P(SaveLadder, OnlyABillOpenedForModifyingIsNotTestedByItsPeriod) {
   EXPECT_FALSE(bill->save());
 }
 
+TEST_P(SaveLadder, AnAmountWrittenOffBelowZeroFreezesTheBillToo) {
+  make_good_bill();
+  bill->head("FCheckAmountFor", -5.0);
+  EXPECT_TRUE(bill->save());
+  EXPECT_EQ(message(), pick("该单据已经被核销,不能再修改本收款单!", "该单据已经被核销,不能再修改本付款单!"));
+}
+
 TEST_P(SaveLadder, ANegativeDiscountAmountNeedsItsAccountToo) {
   make_good_bill();
   bill->head("FDiscountAmount", -5.0);

@@ -65,6 +65,14 @@ TEST_P(SelectionFill, ABillInBaseCurrencyDrawsAForeignBillAtTheRowsOwnRate) {
   EXPECT_EQ(bill->number("FBillSettleAmount", 1), 610);
 }
 
+TEST_P(SelectionFill, ABillInAForeignCurrencyDrawsABaseBillAtTheRowsOwnRate) {
+  bill->head("FCurrencyID", 2).head("FExchangeRate", 6.5);
+  add_source(1, 1, 100);
+  fill();
+  EXPECT_EQ(bill->number("FEntryExchangeRate", 1), 1);
+  EXPECT_EQ(bill->number("FBillSettleAmount", 1), 100);
+}
+
 TEST_P(SelectionFill, ACurrencyThatDividesIsMultipliedAllTheSame) {
   session.add_currency(3, "X", 7, "/", 2);
   add_source(3, 8, 100);
