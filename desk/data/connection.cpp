@@ -12,34 +12,17 @@ QString next_connection_name() {
   return QStringLiteral("desk-book-%1").arg(++nLast);
 }
 
-// SQLite looks through all names of a statement for each of them.
-constexpr std::size_t kMostNames = 1000;
-
-/// The places of each "?" outside a literal.
-std::vector<qsizetype> parameters_of(const QString& sSql) {
-  std::vector<qsizetype> aPlaces;
+/// Gives each "?" outside a literal a name. Binding by name finds its place at once; binding by position makes up a
+/// name for each value anew.
+std::vector<QString> name_parameters(QString& sSql) {
+  std::vector<QString> aNames;
   bool bLiteral = false;
   for (qsizetype i = 0; i < sSql.size(); ++i) {
     if (sSql[i] == u'\'') bLiteral = !bLiteral;
-    if (!bLiteral && sSql[i] == u'?') aPlaces.push_back(i);
-  }
-  return aPlaces;
-}
-
-/// Gives each parameter a name. Binding by name finds its place at once; binding by position makes up a name for each
-/// value anew.
-std::vector<QString> name_parameters(QString& sSql, const std::vector<qsizetype>& aPlaces) {
-  std::vector<QString> aNames;
-  QString sNamed;
-  qsizetype nCopied = 0;
-  for (const qsizetype nPlace : aPlaces) {
+    if (bLiteral || sSql[i] != u'?') continue;
     aNames.push_back(QStringLiteral(":p%1").arg(aNames.size()));
-    sNamed += QStringView(sSql).sliced(nCopied, nPlace - nCopied);
-    sNamed += aNames.back();
-    nCopied = nPlace + 1;
+    sSql.replace(i, 1, aNames.back());
   }
-  sNamed += QStringView(sSql).sliced(nCopied);
-  sSql = sNamed;
   return aNames;
 }
 
@@ -59,12 +42,10 @@ PreparedStatement& StatementCache::prepare(std::string_view sSql) {
     statements_.splice(statements_.begin(), statements_, found->second);
     return statements_.front();
   }
-  PreparedStatement statement{std::string(sSql), QSqlQuery(database_), {}, 0, {}, nullptr, {}};
+  PreparedStatement statement{std::string(sSql), QSqlQuery(database_), {}, {}, nullptr, {}};
   statement.query.setForwardOnly(true);
   QString sNamed = QString::fromStdString(engine_.spelled(sSql));
-  const std::vector<qsizetype> aPlaces = parameters_of(sNamed);
-  statement.nParameters = aPlaces.size();
-  if (aPlaces.size() <= kMostNames) statement.aNames = name_parameters(sNamed, aPlaces);
+  statement.aParameters = name_parameters(sNamed);
   if (!engine_.can_prepare(sSql)) {
     statement.sUncompiled = sNamed;
   } else if (!statement.query.prepare(sNamed)) {

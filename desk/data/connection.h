@@ -29,9 +29,8 @@ struct NamedConnection {
 struct PreparedStatement {
   std::string sSql;
   QSqlQuery query;
-  QString sUncompiled;  // of a statement that can't be compiled ahead
-  std::size_t nParameters = 0;
-  std::vector<QString> aNames;  // of the parameters, in order; none when they are too many for names
+  QString sUncompiled;               // of a statement that can't be compiled ahead
+  std::vector<QString> aParameters;  // their names, in order
   std::shared_ptr<const Rows::Columns> columns;
   std::vector<bool> aExact;  // columns that come as the text of a number of any size
 };

@@ -88,12 +88,9 @@ void note_columns(PreparedStatement& statement, const Engine& engine) {
 }
 
 void run(PreparedStatement& statement, const Binds& binds, const Engine& engine) {
-  if (binds.size() != statement.nParameters)
+  if (binds.size() != statement.aParameters.size())
     throw DeskError(ErrorKind::Other, "The statement has another number of parameters", statement.sSql);
-  for (std::size_t i = 0; i < statement.aNames.size(); ++i)
-    statement.query.bindValue(statement.aNames[i], to_qt(binds[i]));
-  for (std::size_t i = statement.aNames.size(); i < binds.size(); ++i)
-    statement.query.bindValue(static_cast<int>(i), to_qt(binds[i]));
+  for (std::size_t i = 0; i < binds.size(); ++i) statement.query.bindValue(statement.aParameters[i], to_qt(binds[i]));
   const bool bRun =
       statement.sUncompiled.isEmpty() ? statement.query.exec() : statement.query.exec(statement.sUncompiled);
   if (bRun) return;

@@ -110,8 +110,6 @@ class Speller {
       out_ += "strpos";
     } else if (is("coalesce")) {
       return coalesce(i, nEnd);
-    } else if (is("values") && out_.ends_with("in (")) {
-      // A bare list of rows takes the types of its parameters from the columns; among VALUES they would be texts.
     } else if (table_ && is("text")) {
       out_ += "TEXT COLLATE \"C\"";
     } else if (table_ && is("integer") && sql_.substr(nEnd).starts_with(" PRIMARY KEY")) {

@@ -126,7 +126,8 @@ std::vector<SqlExpression::Equality> SqlExpression::equalities(Term term) const 
 }
 
 /// The rows of a bill, each as an alternative "(a=1 and b=2)", make a chain that is too deep for the engine, and that
-/// it would walk for whatever it looks at. As a list of rows, "(a, b) in (values (1, 2), ...)", they are neither.
+/// it would walk for whatever it looks at. As a list of rows, "(a, b) in (values (1, 2), ...)", they are neither. The
+/// literals stay where they stand: so many parameters take longer than the query, and no other text is like this one.
 std::optional<SqlPiece> SqlExpression::carry_as_rows(const std::vector<Term>& aTerms, bool bLift) const {
   const std::vector<Equality> aFirst = equalities(aTerms.front());
   const auto is_alike = [&](Term term) {
@@ -148,7 +149,8 @@ std::optional<SqlPiece> SqlExpression::carry_as_rows(const std::vector<Term>& aT
     piece.append(&term == &aTerms.front() ? " (" : ", (", true);
     for (const Equality& each : aFirst) {
       if (&each != &aFirst.front()) piece.append(",", true);
-      carry_literal(each.nLiteral - aTerms.front().nBegin + term.nBegin, bLift, piece);
+      const std::size_t nLiteral = each.nLiteral - aTerms.front().nBegin + term.nBegin;
+      carry_literal(nLiteral, bLift && compares_money(nLiteral), piece);
     }
     piece.append(")", true);
   }

@@ -14,11 +14,6 @@ TEST(PostgresSqlTest, WordsAreSpelledTheServersWayOutsideTexts) {
             "SELECT 'a like b' WHERE FName ILIKE ? AND strpos(\"fright\", 'x') > 0");
 }
 
-TEST(PostgresSqlTest, AListOfRowsStandsWithoutAWord) {
-  EXPECT_EQ(postgres_sql("WHERE (a, b) in (values (?, ?), (?, ?))"), "WHERE (a, b) in ( (?, ?), (?, ?))");
-  EXPECT_EQ(postgres_sql("INSERT INTO t (a) VALUES (?)"), "INSERT INTO t (a) VALUES (?)");
-}
-
 TEST(PostgresSqlTest, AParameterBehindASignIsANumber) {
   EXPECT_EQ(postgres_sql("WHERE FAmount = - ?"), "WHERE FAmount = - CAST(? AS NUMERIC)");
   EXPECT_EQ(postgres_sql("WHERE FAmount - ? > 0"), "WHERE FAmount - ? > 0");
