@@ -21,6 +21,8 @@ struct BaseItem {
   std::string sName;
   bool bLeaf = true;
   bool bDiscontinued = false;
+
+  bool operator==(const BaseItem&) const = default;
 };
 
 /// The records behind a base-data window. Each member raises DeskError for what the book refuses or can't do.

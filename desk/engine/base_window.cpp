@@ -142,7 +142,10 @@ Outcome BaseWindow::run_host_command(const std::string& sTool) {
 
 Outcome BaseWindow::run_on_item(std::string_view sTool, const BaseItem& item) {
   if (sTool == "mnuEditModify") return modify_item(item);
-  if (sTool == "mnuEditDel") data_->remove(item.nID);
+  if (sTool == "mnuEditDel") {
+    if (may_delete_ && !may_delete_(item)) return Outcome::refused({});
+    data_->remove(item.nID);
+  }
   if (sTool == "mnuEditUse") data_->set_discontinued(item.nID, false);
   if (sTool == "mnuEditUnuse") data_->set_discontinued(item.nID, true);
   refresh();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -33,6 +34,8 @@ class BaseWindow final : public PluginWindow {
   /// Makes a record of the grid the current one; the grid gets the focus. False when the grid doesn't show it.
   bool select_item(std::int32_t nID);
   void focus(BaseControl control) { active_ = control; }
+  /// Who is asked before a record is deleted that the plug-in lets go; without one nobody is.
+  void ask_before_delete(std::function<bool(const BaseItem&)> ask) { may_delete_ = std::move(ask); }
 
   // --- what can be seen -------------------------------------------------------------------------------------------
 
@@ -80,6 +83,7 @@ class BaseWindow final : public PluginWindow {
   Host host_;
   std::shared_ptr<const BillTemplate> template_;
   OpenBillWindow bill_;
+  std::function<bool(const BaseItem&)> may_delete_;
   std::vector<BaseItem> nodes_;
   std::vector<BaseItem> grid_;
   std::int32_t root_ = 0;

@@ -48,10 +48,11 @@ void add_separator(QWidget& place) {
 
 }  // namespace
 
-QKeySequence BarView::keys_of(const std::string& sTool) const {
+QList<QKeySequence> BarView::keys_of(const std::string& sTool) const {
   const auto found = std::find_if(layout_.shortcuts.begin(), layout_.shortcuts.end(),
                                   [&](const Shortcut& each) { return arap::EqualsNoCase(each.sTool, sTool); });
-  return found == layout_.shortcuts.end() ? QKeySequence() : QKeySequence(QString::fromLatin1(found->sKeys));
+  return found == layout_.shortcuts.end() ? QList<QKeySequence>()
+                                          : QKeySequence::listFromString(QString::fromLatin1(found->sKeys));
 }
 
 BarView::BarView(Bar& bar, BarLayout barLayout, QMenuBar& menus, QToolBar& tools, Press press, QObject* pParent)
@@ -100,7 +101,7 @@ QAction* BarView::add_action(BarTool& tool) {
   if (!bNew) return place->second;
   auto* pAction = new QAction(this);
   pAction->setObjectName(qt(tool.sName));
-  pAction->setShortcut(keys_of(tool.sName));
+  pAction->setShortcuts(keys_of(tool.sName));
   connect(pAction, &QAction::triggered, this, [this, sName = tool.sName] { press_(sName); });
   tools_.parentWidget()->addAction(pAction);
   return place->second = pAction;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QList>
 #include <QObject>
 
 #include <functional>
@@ -19,7 +20,7 @@ class QToolBar;
 
 namespace desk {
 
-/// The key that runs a command of a bar.
+/// The key that runs a command of a bar, or several: "Ctrl+N; Ins".
 struct Shortcut {
   std::string_view sTool;
   const char* sKeys;
@@ -53,7 +54,7 @@ class BarView final : public QObject {
   void fill(QWidget& place, const BarBand& band);
   void pop_up(QWidget& grid, const QPoint& place);
   QAction* add_action(BarTool& tool);
-  QKeySequence keys_of(const std::string& sTool) const;
+  QList<QKeySequence> keys_of(const std::string& sTool) const;
   std::vector<std::vector<const BarTool*>> layout() const;
 
   Bar& bar_;

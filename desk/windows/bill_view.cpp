@@ -62,8 +62,14 @@ BillView::BillView(DeskSeat& seat, const std::string& sTemplate, QWidget* pParen
     : QWidget(pParent), seat_(seat), template_(sTemplate), runner_(seat.log), news_(seat.session) {
   Host host = seat_host(seat_.session, seat_.sToday);
   host.choose_sources = [this](const SourceList& list) { return choose_sources(list); };
-  window_ = open_bill_window(std::move(host), BillTemplate::shipped(sTemplate));
+  owned_ = open_bill_window(std::move(host), BillTemplate::shipped(sTemplate));
+  window_ = owned_.get();
   window_->new_bill();
+  build();
+}
+
+BillView::BillView(DeskSeat& seat, BillWindow& window, QWidget* pParent)
+    : QWidget(pParent), seat_(seat), window_(&window), runner_(seat.log), news_(seat.session) {
   build();
 }
 
@@ -80,15 +86,38 @@ void BillView::build() {
   head_ = new HeadForm(
       *window_, [this](const std::string& sKey, const QString& sText) { return enter(sKey, arap::kHead, sText); },
       this);
+  bars_ = new BarView(
+      window_->bar(), {std::string(kToolBand), std::string(kPopBand), kBillShortcuts}, *pMenus, *pTools,
+      [this](const std::string& sTool) { press(sTool); }, this);
+  for (QWidget* pPart : {static_cast<QWidget*>(pMenus), static_cast<QWidget*>(pTools), static_cast<QWidget*>(head_)})
+    pLayout->addWidget(pPart);
+  if (window_->bill().pages().size() > 1) build_body();
+  pLayout->addStretch();
+  pLayout->addWidget(build_status());
+  connect(head_, &HeadForm::field_entered, this,
+          [this](const QString& sKey) { window_->focus(utf8(sKey), arap::kHead); });
+  connect(head_, &HeadForm::refused, this, [this](const QString& sReason) { say(sReason, true); });
+}
+
+void BillView::build_body() {
   model_ = new BodyModel(
       *window_, [this](const std::string& sKey, int nRow, const QString& sText) { return enter(sKey, nRow, sText); },
       this);
   body_ = new BodyGrid(
       *model_, [this](const std::string& sKey) { return window_->choices(sKey); }, this);
-  bars_ = new BarView(
-      window_->bar(), {std::string(kToolBand), std::string(kPopBand), kBillShortcuts}, *pMenus, *pTools,
-      [this](const std::string& sTool) { press(sTool); }, this);
+  static_cast<QVBoxLayout*>(layout())->addWidget(body_, 1);
   bars_->pop_up_over(*body_);
+  connect(head_, &HeadForm::left, this, [this] {
+    body_->setFocus(Qt::TabFocusReason);
+    // Rows that don't come from a selection begin with an empty one.
+    if (model_->rowCount() == 0 && window_->bill().selections().empty()) press("mnuEditAddRow");
+  });
+  connect(body_, &BodyGrid::cell_entered, this,
+          [this](const QString& sKey, int nRow) { window_->focus(utf8(sKey), nRow); });
+  connect(body_, &BodyGrid::refused, this, [this](const QString& sReason) { say(sReason, true); });
+}
+
+QWidget* BillView::build_status() {
   auto* pStatus = new QWidget(this);
   auto* pStatusLine = new QHBoxLayout(pStatus);
   pStatusLine->setContentsMargins(8, 2, 8, 2);
@@ -100,21 +129,7 @@ void BillView::build() {
   pStatusLine->addWidget(message_, 1);
   pStatusLine->addWidget(panels_);
   pStatusLine->addWidget(state_);
-  for (QWidget* pPart : {static_cast<QWidget*>(pMenus), static_cast<QWidget*>(pTools), static_cast<QWidget*>(head_)})
-    pLayout->addWidget(pPart);
-  pLayout->addWidget(body_, 1);
-  pLayout->addWidget(pStatus);
-  connect(head_, &HeadForm::field_entered, this,
-          [this](const QString& sKey) { window_->focus(utf8(sKey), arap::kHead); });
-  connect(head_, &HeadForm::refused, this, [this](const QString& sReason) { say(sReason, true); });
-  connect(head_, &HeadForm::left, this, [this] {
-    body_->setFocus(Qt::TabFocusReason);
-    // Rows that don't come from a selection begin with an empty one.
-    if (model_->rowCount() == 0 && window_->bill().selections().empty()) press("mnuEditAddRow");
-  });
-  connect(body_, &BodyGrid::cell_entered, this,
-          [this](const QString& sKey, int nRow) { window_->focus(utf8(sKey), nRow); });
-  connect(body_, &BodyGrid::refused, this, [this](const QString& sReason) { say(sReason, true); });
+  return pStatus;
 }
 
 void BillView::new_bill() {
@@ -140,7 +155,8 @@ bool BillView::shows(const std::string& sTemplate, std::int32_t nBillID) const {
 }
 
 void BillView::focus_first_field() {
-  if (FieldEdit* pEdit = head_->edit(window_->bill().sPartnerField)) pEdit->setFocus(Qt::TabFocusReason);
+  FieldEdit* pPartner = head_->edit(window_->bill().sPartnerField);
+  if (FieldEdit* pEdit = pPartner != nullptr ? pPartner : head_->first_free()) pEdit->setFocus(Qt::TabFocusReason);
 }
 
 bool BillView::run(const QString& sName, const std::function<Outcome()>& work) {
@@ -165,7 +181,7 @@ bool BillView::enter(const std::string& sKey, int nRow, const QString& sText) {
 
 void BillView::press(const std::string& sTool) {
   // What is still in an editor is entered first.
-  body_->enter_now();
+  if (body_ != nullptr) body_->enter_now();
   if (auto* pEdit = qobject_cast<FieldEdit*>(QApplication::focusWidget()); pEdit != nullptr && isAncestorOf(pEdit))
     pEdit->enter_now();
   if (leaves_bill(sTool) && !may_close()) return;
@@ -199,18 +215,19 @@ FieldEdit* BillView::edit_in_focus() const {
 
 void BillView::open_list_in_focus() {
   if (FieldEdit* pEdit = edit_in_focus()) return pEdit->open_list(true);
-  if (body_->hasFocus()) body_->open_list();
+  if (body_ != nullptr && body_->hasFocus()) body_->open_list();
 }
 
 /// The result goes to the amount where the caret was, if there is one that can be typed into.
 void BillView::calculate() {
   const FieldEdit* pEdit = edit_in_focus();
-  const QModelIndex cell = body_->currentIndex();
+  const bool bInBody = body_ != nullptr && body_->hasFocus();
+  const QModelIndex cell = bInBody ? body_->currentIndex() : QModelIndex();
   std::string sKey;
   int nRow = arap::kHead;
   if (pEdit != nullptr) {
     sKey = utf8(pEdit->objectName());
-  } else if (body_->hasFocus() && cell.isValid()) {
+  } else if (cell.isValid()) {
     sKey = model_->field(cell.column()).sKey;
     nRow = cell.row() + 1;
   }
@@ -241,8 +258,10 @@ std::vector<std::size_t> BillView::choose_sources(const SourceList& list) {
 void BillView::refresh() {
   bars_->refresh();
   head_->refresh();
-  model_->refresh();
-  body_->refresh();
+  if (body_ != nullptr) {
+    model_->refresh();
+    body_->refresh();
+  }
   refresh_status();
 }
 
@@ -254,12 +273,14 @@ void BillView::refresh_status() {
   }
   panels_->setText(panels.join(QStringLiteral("  ")));
   state_->setText(state_text());
-  const QString sNumber = qt(window_->shown("FBillNo"));
+  const bool bRecord = body_ == nullptr;
+  const QString sNumber = qt(window_->shown(bRecord ? "FNumber" : "FBillNo"));
   Q_EMIT title_changed(words(window_->bill().sCaption.c_str()) + QStringLiteral(" ") +
-                       (sNumber.isEmpty() ? words("新单据") : sNumber));
+                       (sNumber.isEmpty() ? words(bRecord ? "新增" : "新单据") : sNumber));
 }
 
 QString BillView::state_text() const {
+  if (body_ == nullptr) return words(window_->bill_id() == 0 ? "新增" : "修改");
   if (window_->bill_id() == 0) return words("新单据");
   QString sState = words(arap::LongOf(window_->value("FStatus")) == 1 ? "已审核" : "未审核");
   const std::string sChecker = window_->shown("FChecker");

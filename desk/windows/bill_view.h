@@ -23,6 +23,8 @@ class BillView final : public QWidget {
  public:
   /// `sTemplate` is one of the shipped templates: "receipt", "payment" ...
   BillView(DeskSeat& seat, const std::string& sTemplate, QWidget* pParent);
+  /// Over a bill window that is open already, of a record of base data; it outlives the view.
+  BillView(DeskSeat& seat, BillWindow& window, QWidget* pParent);
   ~BillView() override;
 
   void new_bill();
@@ -38,11 +40,12 @@ class BillView final : public QWidget {
   bool may_close();
 
   bool shows(const std::string& sTemplate, std::int32_t nBillID) const;
-  /// The partner, where a new bill begins.
+  /// The partner, where a new bill begins; the first free field where there is none.
   void focus_first_field();
 
   BillWindow& window() { return *window_; }
   HeadForm& head() { return *head_; }
+  /// Not for records of base data, which have no rows.
   BodyGrid& body() { return *body_; }
   BarView& bars() { return *bars_; }
   /// What the status line says.
@@ -56,6 +59,8 @@ class BillView final : public QWidget {
 
  private:
   void build();
+  void build_body();
+  QWidget* build_status();
   /// Does the work as one logged command, shows why it was refused, and brings the view up to date.
   bool run(const QString& sName, const std::function<Outcome()>& work);
   bool enter(const std::string& sKey, int nRow, const QString& sText);
@@ -72,7 +77,8 @@ class BillView final : public QWidget {
 
   DeskSeat& seat_;
   std::string template_;
-  OpenBillWindow window_;
+  OpenBillWindow owned_;
+  BillWindow* window_;
   BodyModel* model_ = nullptr;
   HeadForm* head_ = nullptr;
   BodyGrid* body_ = nullptr;

@@ -72,6 +72,7 @@ void FieldEdit::keyPressEvent(QKeyEvent* pEvent) {
       return list_->move_mark(-1);
     case Qt::Key_Escape:
       if (is_list_open()) return list_->hide();
+      if (!is_changed()) break;  // there is nothing to bring back: it closes a small window
       return set_shown(shown_);
     case Qt::Key_Return:
     case Qt::Key_Enter:

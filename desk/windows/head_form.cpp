@@ -83,6 +83,13 @@ FieldEdit* HeadForm::edit(std::string_view sKey) const {
   return nullptr;
 }
 
+FieldEdit* HeadForm::first_free() const {
+  for (const Place& place : places_) {
+    if (!place.pEdit->isReadOnly()) return place.pEdit;
+  }
+  return nullptr;
+}
+
 void HeadForm::refresh() {
   for (const Place& place : places_) refresh(place);
 }

@@ -23,6 +23,8 @@ class HeadForm final : public QWidget {
   /// Texts, locks and visibility as the bill has them now.
   void refresh();
   FieldEdit* edit(std::string_view sKey) const;
+  /// nullptr when every field is locked.
+  FieldEdit* first_free() const;
 
  Q_SIGNALS:
   void field_entered(const QString& sKey);

@@ -18,12 +18,13 @@ constexpr int kWidestColumn = 260;
 constexpr int kColumnAir = 12;
 }  // namespace
 
-LinesView::LinesView(std::vector<ListColumn> columns, QWidget* pParent)
+LinesView::LinesView(std::vector<ListColumn> columns, QWidget* pParent, std::string sKeyColumn)
     : QWidget(pParent),
       ends_in_text_(columns.back().kind == ListColumn::Kind::Text),
       model_(new LinesModel(std::move(columns), this)),
       table_(new QTableView(this)),
-      filter_(new QLineEdit(this)) {
+      filter_(new QLineEdit(this)),
+      key_column_(std::move(sKeyColumn)) {
   build();
   retranslate();
 }
@@ -53,40 +54,44 @@ void LinesView::build() {
   pLayout->addWidget(filter_);
   pLayout->addWidget(table_);
   connect(filter_, &QLineEdit::textChanged, this, [this](const QString& sText) {
-    const std::int32_t nBill = current_bill_;
+    const std::int32_t nKey = current_key_;
     model_->narrow(sText);
-    go_back_to(nBill, 0);
+    go_back_to(nKey, 0);
     Q_EMIT selection_changed();
   });
   connect(table_, &QTableView::activated, this, &LinesView::activated);
   connect(table_->selectionModel(), &QItemSelectionModel::currentRowChanged, this, [this](const QModelIndex& current) {
-    if (current.isValid()) current_bill_ = bill_of(model_->line(current.row()));
+    if (current.isValid()) current_key_ = key_of(model_->line(current.row()));
   });
   connect(table_->selectionModel(), &QItemSelectionModel::selectionChanged, this, &LinesView::selection_changed);
 }
 
-std::int32_t LinesView::bill_of(std::size_t nLine) const {
-  if (lines_ == nullptr || nLine >= lines_->size() || lines_->find_column("FBillID") < 0) return 0;
-  return lines_->integer(nLine, "FBillID");
+std::int32_t LinesView::key_of(std::size_t nLine) const {
+  if (lines_ == nullptr || nLine >= lines_->size() || lines_->find_column(key_column_) < 0) return 0;
+  return lines_->integer(nLine, key_column_);
 }
 
-/// On the line of the bill, else on the row where it was.
-void LinesView::go_back_to(std::int32_t nBill, int nRow) {
-  int nFound = -1;
-  for (int n = 0; nBill != 0 && nFound < 0 && n < model_->rowCount(); ++n) {
-    if (bill_of(model_->line(n)) == nBill) nFound = n;
+int LinesView::row_of_key(std::int32_t nKey) const {
+  for (int n = 0; nKey != 0 && n < model_->rowCount(); ++n) {
+    if (key_of(model_->line(n)) == nKey) return n;
   }
-  if (nFound < 0) nFound = std::min(std::max(nRow, 0), model_->rowCount() - 1);
-  if (nFound >= 0) table_->setCurrentIndex(model_->index(nFound, 0));
+  return -1;
 }
 
-/// `lines` is mostly the object of the last call with other contents, so the bill was remembered before.
+/// On the line of the key, else on the row where it was.
+void LinesView::go_back_to(std::int32_t nKey, int nRow) {
+  int nFound = row_of_key(nKey);
+  if (nFound < 0) nFound = std::min(std::max(nRow, 0), model_->rowCount() - 1);
+  if (nFound >= 0) go_to(nFound);
+}
+
+/// `lines` is mostly the object of the last call with other contents, so the key was remembered before.
 void LinesView::show_lines(const Rows& lines) {
   const int nRow = table_->currentIndex().row();
-  const std::int32_t nBill = current_bill_;
+  const std::int32_t nKey = current_key_;
   lines_ = &lines;
   model_->show_lines(lines);
-  go_back_to(nBill, nRow);
+  go_back_to(nKey, nRow);
   if (!fitted_ && model_->rowCount() > 0) {
     fitted_ = true;
     table_->resizeColumnsToContents();
@@ -99,6 +104,21 @@ void LinesView::show_lines(const Rows& lines) {
 void LinesView::retranslate() {
   filter_->setPlaceholderText(words("筛选"));
   model_->retranslate();
+}
+
+void LinesView::make_current(std::int32_t nKey) {
+  if (const int nRow = row_of_key(nKey); nRow >= 0) go_to(nRow);
+}
+
+/// Whatever keys are down at the moment, this line alone is selected.
+void LinesView::go_to(int nRow) {
+  table_->selectionModel()->setCurrentIndex(model_->index(nRow, 0),
+                                            QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+}
+
+void LinesView::forget_current() {
+  table_->selectionModel()->clear();
+  current_key_ = 0;
 }
 
 std::optional<std::size_t> LinesView::current_line() const {

@@ -66,7 +66,7 @@ void MainWindow::build() {
   connect(rooms_, &QListWidget::itemClicked, this, [this] { show_room(rooms_->currentRow()); });
   connect(rooms_, &QListWidget::itemActivated, this, [this] {
     show_room(rooms_->currentRow());
-    if (RoomView* pRoom = current_room()) pRoom->table().setFocus();
+    if (RoomView* pRoom = current_room()) pRoom->first_focus().setFocus();
   });
   connect(tabs_, &QTabWidget::currentChanged, this, &MainWindow::show_front);
   connect(tabs_, &QTabWidget::tabCloseRequested, this, &MainWindow::close_tab);

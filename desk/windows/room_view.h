@@ -1,11 +1,9 @@
 #pragma once
 
-#include <QWidget>
+#include <QTableView>
 
 #include <cstdint>
 #include <string>
-
-class QTableView;
 
 namespace desk {
 
@@ -21,6 +19,8 @@ class RoomView : public QWidget {
   virtual void retranslate() = 0;
   virtual void open_current() = 0;
   virtual QTableView& table() = 0;
+  /// Where the focus goes when the room is entered by keyboard.
+  virtual QWidget& first_focus() { return table(); }
   /// How many lines there are and how many are chosen, or what the last command had to say.
   virtual QString status() const = 0;
   /// What is in view, for paper.

@@ -8,7 +8,8 @@ class QWidget;
 
 namespace desk {
 
-/// Shows what a command has left for the user beside boxes: vouchers and result lists. Each is shown once.
+/// Shows what a command has left for the user beside boxes: vouchers, result lists and lists of bills. Each is shown
+/// once.
 class SeatNews {
  public:
   explicit SeatNews(Session& session);
@@ -18,6 +19,7 @@ class SeatNews {
   Session& session_;
   std::size_t vouchers_seen_;
   std::size_t results_seen_;
+  std::size_t bills_seen_;
 };
 
 }  // namespace desk

@@ -11,6 +11,7 @@
 namespace desk {
 
 inline QColor locked_colour() { return QColor(0xF0, 0xF0, 0xEC); }
+inline QColor disabled_colour() { return QColor(0x80, 0x80, 0x80); }
 inline QColor negative_colour() { return QColor(0xC0, 0x10, 0x10); }
 
 /// How high the lines of every grid are.

@@ -8,8 +8,10 @@
 #include "desk_user.h"
 #include "many_bills.h"
 #include "services/vouchers.h"
+#include "type_world.h"
 #include "windows/inspector.h"
 #include "windows/open_desk.h"
+#include "windows/record_list_view.h"
 
 namespace desk::testing {
 namespace {
@@ -163,6 +165,47 @@ TEST_F(Screenshots, OfOtherPayables) {
   take(user.window, "other_payables");
   user.window.open_bill("other_payable", 1);
   take(user.window, "other_payable");
+}
+
+/// A tree of three levels, one of its types disabled.
+void grow_types(Database& database) {
+  database.exec_script(R"sql(
+    INSERT INTO t_RP_InOutType (FID, FNumber, FName, FParentID, FLevels, FIsLeaf, FBranch, FDiscontinued) VALUES
+      (11, '101', '工程收入', 1, 1, 0, 1, 0), (12, '102', '设计收入', 1, 1, 1, 1, 0),
+      (13, '101.01', '土建', 11, 2, 1, 1, 0), (14, '101.02', '安装', 11, 2, 0, 1, 0),
+      (15, '101.02.001', '室内安装', 14, 3, 1, 1, 0), (16, '101.02.002', '室外安装', 14, 3, 1, 1, 1);
+  )sql");
+}
+
+TEST_F(Screenshots, OfTheTypesAndTheirSmallBill) {
+  TypeUser user;
+  grow_types(*user.book.database);
+  user.types().refresh();
+  user.go_to_node("101.02");
+  take(user.window, "types");
+  user.go_to_line("1", "101");
+  user.in_next_record([this](QDialog& dialog) {
+    TypeUser::fill(dialog, "FNote", "2026");
+    take(dialog, "type");
+    TypeUser::save(dialog);
+    TypeUser::leave(dialog);
+  });
+  user.answer_next_box(Qt::Key_Y);
+  user.key(Qt::Key_Return);
+  user.types("收支类别一览");
+  take(user.window, "type_list");
+}
+
+TEST_F(Screenshots, OfInvoicesTheBillBehindOneAndTheOpeningBalances) {
+  DeskUser user;
+  auto& invoices = *qobject_cast<RecordListView*>(&user.room("发票"));
+  invoices.show_list(1);
+  take(user.window, "invoices");
+  take_next_dialog(user, "bills", "bill_behind_an_invoice");
+  invoices.press("mnuViewOldBill");
+  user.room("期初余额");
+  user.key(Qt::Key_Return);
+  take(user.window, "opening_balances");
 }
 
 TEST_F(Screenshots, OfTheLastBillComeWithoutAUser) {
