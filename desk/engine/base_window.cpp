@@ -31,9 +31,9 @@ class ControlObject final : public arap::Object {
 
 /// What the desk serves of the window's commands.
 constexpr ShippedTool kBaseTools[] = {
-    {"mnuFileNewItem", "新增"}, {"mnuEditModify", "修改"}, {"mnuEditDel", "删除"},    {"mnuEditUse", "反禁用"},
-    {"mnuEditUnuse", "禁用"},   {"mnuDataFind", "查找"},   {"mnuDataRefesh", "刷新"}, {"mnuExportData", "引出"},
-    {"mnuHelpDetail", "帮助"},  {"mnuFileExit", "退出"},
+    {"mnuFileNewItem", "新增"}, {"mnuEditModify", "修改"},       {"mnuEditDel", "删除"},    {"mnuEditUse", "反禁用"},
+    {"mnuEditUnuse", "禁用"},   {"mnuDataFind", "查找"},         {"mnuDataRefesh", "刷新"}, {"mnuExportData", "引出"},
+    {"mnuFilePrint", "打印"},   {"mnuFilePrintPreview", "预览"}, {"mnuHelpDetail", "帮助"}, {"mnuFileExit", "退出"},
 };
 
 /// The bar of every base-data window of the desk.
@@ -41,13 +41,13 @@ const std::vector<ShippedBand>& base_bands() {
   static const std::vector<ShippedBand> kBands{
       {"BandToolBar",
        "工具栏",
-       {"mnuFileNewItem", "mnuFileNewGroup", "mnuEditModify", "mnuEditDel", "mnuEditUse", "mnuEditUnuse", "mnuDataFind",
+       {"mnuFileNewItem", "mnuFileNewGroup", "mnuEditModify", "mnuEditDel", "mnuEditUnuse", "mnuEditUse", "mnuDataFind",
         "mnuDataRefesh", "mnuFilePrint", "mnuFilePrintPreview", "mnuHelpDetail", "mnuFileExit"}},
       {"mnuFile",
        "文件",
        {"mnuFileNewItem", "mnuFileNewGroup", "mnuFilePageSetup", "mnuPreHeadFoot", "mnuFilePrint",
         "mnuFilePrintPreview", "mnuExportData", "mnuFileExit"}},
-      {"mnuEdit", "编辑", {"mnuEditModify", "mnuEditDel", "mnuEditDelGroup", "mnuEditUse", "mnuEditUnuse"}},
+      {"mnuEdit", "编辑", {"mnuEditModify", "mnuEditDel", "mnuEditDelGroup", "mnuEditUnuse", "mnuEditUse"}},
       {"mnuData", "数据", {"mnuDataFind", "mnuDataRefesh"}},
       {"mnuView", "查看", {"mnuViewToolBar", "mnuViewToolCaption"}},
       {"mnuCust", "自定义", {"mnuOption", "mnuHelpDetail"}},

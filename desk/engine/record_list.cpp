@@ -28,11 +28,9 @@ const std::vector<ShippedBand>& record_bands() {
 }
 
 /// What the desk itself serves; the other commands are there for the plug-in to trim.
-constexpr ShippedTool kRecordTools[] = {{"mnuFileView", "查看"},
-                                        {"mnuDataFilter", "筛选"},
-                                        {"mnuDataRefesh", "刷新"},
-                                        {"mnuExportData", "导出"},
-                                        {"mnuFileExit", "退出"}};
+constexpr ShippedTool kRecordTools[] = {
+    {"mnuFileView", "查看"},    {"mnuDataFilter", "筛选"}, {"mnuDataRefesh", "刷新"}, {"mnuExportData", "导出"},
+    {"mnuFilePreview", "预览"}, {"mnuFilePrint", "打印"},  {"mnuFileExit", "退出"}};
 
 }  // namespace
 

@@ -28,7 +28,7 @@ std::string lines_sql(const InvoiceTable& table, std::string_view sCondition) {
   return "SELECT s.FInterID AS FInterID, s.FTranType AS FTranType, s.FBillNo AS FBillNo, s.FDate AS FDate,"
          " s.FDueDate AS FDueDate, p.FNumber AS FPartner, p.FName AS FPartnerName, c.FName AS FCurrency,"
          " s.FAmountFor AS FAmountFor, s.FReceiveAmountFor AS FReceiveAmountFor,"
-         " s.FAmountFor - s.FReceiveAmountFor AS FOpenFor FROM " +
+         " s.FAmountFor - s.FReceiveAmountFor AS FOpenFor, s.FNote AS FNote FROM " +
          std::string(table.sTable) + " s LEFT JOIN " + std::string(table.sPartners) + " p ON p.FItemID = s." +
          std::string(table.sPartner) + " LEFT JOIN t_Currency c ON c.FCurrencyID = s.FCurrencyID WHERE " +
          std::string(sCondition) + " ORDER BY s.FBillNo, s.FInterID";

@@ -28,8 +28,9 @@ constexpr int kIdRole = Qt::UserRole;
 constexpr int kTreeWidth = 300;
 
 constexpr Shortcut kBaseShortcuts[] = {
-    {"mnuFileNewItem", "Ctrl+N; Ins"}, {"mnuEditDel", "Del"},    {"mnuEditUnuse", "F4"},  {"mnuEditUse", "Shift+F4"},
-    {"mnuDataFind", "Ctrl+F"},         {"mnuExportData", "F11"}, {"mnuHelpDetail", "F1"}, {"mnuFileExit", "Ctrl+W"},
+    {"mnuFileNewItem", "Ctrl+N; Ins"}, {"mnuEditDel", "Del"},      {"mnuEditUnuse", "F4"},
+    {"mnuEditUse", "Shift+F4"},        {"mnuDataFind", "Ctrl+F"},  {"mnuExportData", "F11"},
+    {"mnuHelpDetail", "F1"},           {"mnuFilePrint", "Ctrl+P"}, {"mnuFileExit", "Ctrl+W"},
 };
 
 std::vector<ListColumn> record_columns() {
@@ -89,32 +90,35 @@ void BaseDataView::build_tree() {
   connect(tree_, &QTreeWidget::itemActivated, this, [this] { grid_->table().setFocus(Qt::TabFocusReason); });
 }
 
+void BaseDataView::build_nodes() {
+  std::set<std::int32_t> folded;
+  for (QTreeWidgetItemIterator each(tree_); *each != nullptr; ++each) {
+    if ((*each)->childCount() > 0 && !(*each)->isExpanded()) folded.insert(id_of(*each));
+  }
+  shown_nodes_ = window_->nodes();
+  tree_->clear();
+  std::map<std::int32_t, QTreeWidgetItem*> items;
+  const auto add = [&items](std::int32_t nID, const QString& sText) {
+    auto* pItem = new QTreeWidgetItem({sText});
+    pItem->setData(0, kIdRole, nID);
+    return items[nID] = pItem;
+  };
+  QTreeWidgetItem* pRoot = add(window_->root(), qt(window_->root_name()));
+  tree_->addTopLevelItem(pRoot);
+  for (const BaseItem& node : shown_nodes_) {
+    QTreeWidgetItem* pItem = add(node.nID, node_text(node));
+    if (node.bDiscontinued) pItem->setForeground(0, disabled_colour());
+  }
+  for (const BaseItem& node : shown_nodes_) {
+    const auto above = items.find(node.nParent);
+    (above == items.end() ? pRoot : above->second)->addChild(items[node.nID]);
+  }
+  for (const auto& [nID, pItem] : items) pItem->setExpanded(!folded.contains(nID));
+}
+
 /// The tree is built again only when a node came, went or changed. What the user has folded stays so.
 void BaseDataView::show_tree() {
-  std::map<std::int32_t, QTreeWidgetItem*> items;
-  if (tree_->topLevelItemCount() == 0 || shown_nodes_ != window_->nodes()) {
-    std::set<std::int32_t> folded;
-    for (QTreeWidgetItemIterator each(tree_); *each != nullptr; ++each) {
-      if ((*each)->childCount() > 0 && !(*each)->isExpanded()) folded.insert(id_of(*each));
-    }
-    shown_nodes_ = window_->nodes();
-    tree_->clear();
-    const auto add = [&items](std::int32_t nID, const QString& sText) {
-      auto* pItem = new QTreeWidgetItem({sText});
-      pItem->setData(0, kIdRole, nID);
-      items[nID] = pItem;
-      return pItem;
-    };
-    tree_->addTopLevelItem(add(window_->root(), qt(window_->root_name())));
-    for (const BaseItem& node : shown_nodes_) {
-      QTreeWidgetItem* pItem = add(node.nID, node_text(node));
-      if (node.bDiscontinued) pItem->setForeground(0, disabled_colour());
-    }
-    for (const BaseItem& node : shown_nodes_) {
-      if (const auto above = items.find(node.nParent); above != items.end()) above->second->addChild(items[node.nID]);
-    }
-    for (const auto& [nID, pItem] : items) pItem->setExpanded(!folded.contains(nID));
-  }
+  if (tree_->topLevelItemCount() == 0 || shown_nodes_ != window_->nodes()) build_nodes();
   for (QTreeWidgetItemIterator each(tree_); *each != nullptr; ++each) {
     if (id_of(*each) == window_->selected_node()) tree_->setCurrentItem(*each);
   }
@@ -126,10 +130,11 @@ void BaseDataView::show_window() {
     show_tree();
     rows_ = rows_of(window_->grid());
     grid_->show_lines(rows_);
+    grid_->widen_columns();
     // While the tree is the active control, no record is current.
     if (window_->current_item() == 0 && window_->active() != BaseControl::Grid) grid_->forget_current();
   }
-  choose_current_line();
+  if (window_->active() == BaseControl::Grid) choose_current_line();
   bars().refresh();
 }
 
@@ -172,6 +177,9 @@ void BaseDataView::run_desk_command(const std::string& sTool) {
     grid_->filter().setFocus(Qt::ShortcutFocusReason);
   } else if (arap::EqualsNoCase(sTool, "mnuExportData")) {
     ask_and_export_csv(grid_->model(), windowTitle(), this);
+  } else {
+    // The bar of base data has a name of its own for the preview.
+    PluginRoom::run_desk_command(arap::EqualsNoCase(sTool, "mnuFilePrintPreview") ? "mnuFilePreview" : sTool);
   }
 }
 

@@ -40,6 +40,7 @@ class BaseDataView final : public PluginRoom {
 
  private:
   void build_tree();
+  void build_nodes();
   void show_tree();
   void select_node(QTreeWidgetItem* pItem);
   void choose_current_line();

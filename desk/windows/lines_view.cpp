@@ -94,11 +94,20 @@ void LinesView::show_lines(const Rows& lines) {
   go_back_to(nKey, nRow);
   if (!fitted_ && model_->rowCount() > 0) {
     fitted_ = true;
-    table_->resizeColumnsToContents();
     for (int nColumn = 0; nColumn < model_->columnCount(); ++nColumn)
-      table_->setColumnWidth(nColumn, std::min(table_->columnWidth(nColumn) + kColumnAir, kWidestColumn));
+      table_->setColumnWidth(nColumn, needed_width(nColumn));
   }
   Q_EMIT selection_changed();
+}
+
+int LinesView::needed_width(int nColumn) const {
+  const int nCells = static_cast<const QAbstractItemView*>(table_)->sizeHintForColumn(nColumn);
+  return std::min(std::max(nCells, table_->horizontalHeader()->sectionSizeHint(nColumn)) + kColumnAir, kWidestColumn);
+}
+
+void LinesView::widen_columns() {
+  for (int nColumn = 0; nColumn < model_->columnCount(); ++nColumn)
+    table_->setColumnWidth(nColumn, std::max(table_->columnWidth(nColumn), needed_width(nColumn)));
 }
 
 void LinesView::retranslate() {

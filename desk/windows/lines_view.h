@@ -33,6 +33,8 @@ class LinesView final : public QWidget {
   std::vector<std::size_t> selected_lines() const;
   /// Makes the line of that key the current one, where it is in view; else it stays the one that it is.
   void make_current(std::int32_t nKey);
+  /// Gives room to columns that lines of now need more of; none gets narrower.
+  void widen_columns();
   /// No line is current or selected.
   void forget_current();
 
@@ -45,6 +47,7 @@ class LinesView final : public QWidget {
   void build();
   std::int32_t key_of(std::size_t nLine) const;
   int row_of_key(std::int32_t nKey) const;
+  int needed_width(int nColumn) const;
   void go_to(int nRow);
   void go_back_to(std::int32_t nKey, int nRow);
 

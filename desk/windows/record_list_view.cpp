@@ -17,7 +17,7 @@ namespace desk {
 namespace {
 
 constexpr Shortcut kRecordShortcuts[] = {
-    {"mnuFileExit", "Ctrl+W"}, {"mnuDataFilter", "Ctrl+F"}, {"mnuExportData", "F11"}};
+    {"mnuFileExit", "Ctrl+W"}, {"mnuDataFilter", "Ctrl+F"}, {"mnuExportData", "F11"}, {"mnuFilePrint", "Ctrl+P"}};
 
 std::vector<ListColumn> balance_columns() {
   using Kind = ListColumn::Kind;
@@ -28,7 +28,8 @@ std::vector<ListColumn> balance_columns() {
           {"FCurrency", "币别"},
           {"FAmountFor", "金额", Kind::Money},
           {"FReceiveAmountFor", "已核销", Kind::Money},
-          {"FOpenFor", "未核销", Kind::Money}};
+          {"FOpenFor", "未核销", Kind::Money},
+          {"FNote", "备注"}};
 }
 
 /// The command that shows the bill behind a line: the plug-in's own where it has one.
@@ -116,6 +117,8 @@ void RecordListView::run_desk_command(const std::string& sTool) {
     view_->filter().setFocus(Qt::ShortcutFocusReason);
   } else if (arap::EqualsNoCase(sTool, "mnuExportData")) {
     ask_and_export_csv(view_->model(), lists_->tabText(lists_->currentIndex()), this);
+  } else {
+    PluginRoom::run_desk_command(sTool);
   }
 }
 

@@ -22,12 +22,14 @@ constexpr int kColumnAir = 12;
 
 /// A column of a bill as the window shows it; an id shows the name that its table has for it.
 struct BillColumn {
-  enum class Kind : std::uint8_t { Text, Money, Id };
+  enum class Kind : std::uint8_t { Text, Number, Money, Id };
   std::string_view sColumn;
   const char* sCaption;
   Kind kind = Kind::Text;
   std::string_view sTable = {};
   std::string_view sKey = {};
+
+  bool is_number() const { return kind == Kind::Number || kind == Kind::Money; }
 };
 
 constexpr BillColumn kColumns[] = {
@@ -37,7 +39,7 @@ constexpr BillColumn kColumns[] = {
     {"FCustID", "往来单位", BillColumn::Kind::Id, "t_Organization", "FItemID"},
     {"FSupplyID", "往来单位", BillColumn::Kind::Id, "t_Supplier", "FItemID"},
     {"FCurrencyID", "币别", BillColumn::Kind::Id, "t_Currency", "FCurrencyID"},
-    {"FExchangeRate", "汇率"},
+    {"FExchangeRate", "汇率", BillColumn::Kind::Number},
     {"FAmountFor", "金额", BillColumn::Kind::Money},
     {"FAmount", "本位币金额", BillColumn::Kind::Money},
     {"FReceiveAmountFor", "已核销", BillColumn::Kind::Money},
@@ -49,7 +51,8 @@ constexpr BillColumn kColumns[] = {
 QString text_of(Database& database, const BillColumn& column, const Value& vValue) {
   if (vValue.is_null()) return {};
   switch (column.kind) {
-    case BillColumn::Kind::Text: return qt(arap::Concat(vValue));
+    case BillColumn::Kind::Text:
+    case BillColumn::Kind::Number: return qt(arap::Concat(vValue));
     case BillColumn::Kind::Money: return qt(Money::from_double(arap::NumberOf(vValue)).text());
     case BillColumn::Kind::Id: break;
   }
@@ -85,7 +88,7 @@ void ShownBillsDialog::add_columns(Database& database, const ShownBills& bills) 
     if (!bThere) continue;
     const int nColumn = table_->columnCount();
     table_->insertColumn(nColumn);
-    const Qt::Alignment side = column.kind == BillColumn::Kind::Money ? Qt::AlignRight : Qt::AlignLeft;
+    const Qt::Alignment side = column.is_number() ? Qt::AlignRight : Qt::AlignLeft;
     auto* pCaption = new QTableWidgetItem(words(column.sCaption));
     pCaption->setTextAlignment(side | Qt::AlignVCenter);
     table_->setHorizontalHeaderItem(nColumn, pCaption);
@@ -93,7 +96,7 @@ void ShownBillsDialog::add_columns(Database& database, const ShownBills& bills) 
       const Value vValue = bills.value(static_cast<std::size_t>(nRow), column.sColumn);
       auto* pItem = new QTableWidgetItem(text_of(database, column, vValue));
       pItem->setTextAlignment(side | Qt::AlignVCenter);
-      if (column.kind == BillColumn::Kind::Money && arap::NumberOf(vValue) < 0) pItem->setForeground(negative_colour());
+      if (column.is_number() && arap::NumberOf(vValue) < 0) pItem->setForeground(negative_colour());
       table_->setItem(nRow, nColumn, pItem);
     }
   }

@@ -125,6 +125,15 @@ TEST_F(RecordRooms, TheBarsOfTheOpeningBalancesOnlyRead) {
     EXPECT_FALSE(shows(bars, sTool)) << sTool;
 }
 
+TEST_F(RecordRooms, TheRoomsSpeakEnglishAndTheListsKeepTheirNames) {
+  invoices();
+  user.window.change_language(Language::English);
+  EXPECT_EQ(utf8(user.window.current_room()->windowTitle()), "Invoices");
+  EXPECT_EQ(utf8(invoices().table().model()->headerData(0, Qt::Horizontal).toString()), "Number");
+  EXPECT_EQ(shown_list(invoices()), "销售发票(专用)");
+  user.window.change_language(Language::Chinese);
+}
+
 TEST_F(RecordRooms, ExitClosesTheRoomAndItOpensAgain) {
   const QPointer<RecordListView> first(&invoices());
   user.key(Qt::Key_W, Qt::ControlModifier);

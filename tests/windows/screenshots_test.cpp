@@ -203,7 +203,7 @@ TEST_F(Screenshots, OfInvoicesTheBillBehindOneAndTheOpeningBalances) {
   take(user.window, "invoices");
   take_next_dialog(user, "bills", "bill_behind_an_invoice");
   invoices.press("mnuViewOldBill");
-  user.room("期初余额");
+  user.room("期初余额").table().setFocus();
   user.key(Qt::Key_Return);
   take(user.window, "opening_balances");
 }

@@ -208,6 +208,34 @@ TEST_F(TypesRoom, WhatAnotherSeatHasMadeIsSeenAfterF5) {
   user.go_to_node("1.09");
 }
 
+TEST_F(TypesRoom, LongerNumbersFurtherDownFindTheirColumnWideEnough) {
+  make_top();
+  user.book.database->exec(
+      "INSERT INTO t_RP_InOutType (FNumber, FName, FParentID, FLevels, FIsLeaf, FBranch) SELECT '101.02.001.000001',"
+      " '很长', FID, 2, 1, 1 FROM t_RP_InOutType WHERE FNumber = '101'");
+  user.key(Qt::Key_F5);
+  user.go_to_node("101");
+  QTableView& grid = user.types().table();
+  EXPECT_GT(grid.columnWidth(0), grid.fontMetrics().horizontalAdvance(QStringLiteral("101.02.001.000001")));
+}
+
+TEST_F(TypesRoom, TheDesksOwnWordsChangeWithTheLanguage) {
+  user.go_to_line("1", "1.02");
+  user.window.change_language(Language::English);
+  EXPECT_EQ(utf8(user.window.current_room()->windowTitle()), "Income and expense types");
+  EXPECT_EQ(user.cell("FState"), "In use");
+  EXPECT_EQ(user.cell("FNumber"), "1.02");
+  user.window.change_language(Language::Chinese);
+}
+
+TEST_F(TypesRoom, WithTheFocusBackOnTheTreeTheTreeStaysTheActiveControl) {
+  user.go_to_line("1", "1.02");
+  user.types().tree().setFocus();
+  user.key(Qt::Key_F5);
+  EXPECT_EQ(user.types().window().active(), BaseControl::Tree);
+  EXPECT_EQ(user.types().window().current_item(), 4);
+}
+
 TEST_F(TypesRoom, TheListOfTypesOnlyShows) {
   BaseDataView& list = user.types("收支类别一览");
   for (const char* sTool :

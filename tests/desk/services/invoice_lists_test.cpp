@@ -120,6 +120,7 @@ TEST_F(InvoiceLists, TheOpeningBalancesAreThoseOfTheSide) {
   const OpenRecordList receivables = opening(OpeningSide::Receivables);
   ASSERT_EQ(receivables->lines().size(), 1u);
   EXPECT_EQ(receivables->lines().money(0, "FAmountFor").text(), "8000.00");
+  EXPECT_EQ(receivables->lines().money(0, "FOpenFor").text(), "8000.00");
   const OpenRecordList payables = opening(OpeningSide::Payables);
   ASSERT_EQ(payables->lines().size(), 1u);
   EXPECT_EQ(payables->lines().text(0, "FPartner"), "S01");
