@@ -286,19 +286,15 @@ std::int32_t BillStore::find_number(const std::string& sBillNo) {
       database_.value("SELECT FBillID FROM " + template_.page(1).sTable + " WHERE FBillNo = ?", {sBillNo}));
 }
 
+/// Numbers are given once, so they are an order.
 std::int32_t BillStore::neighbour(std::int32_t nBillID, Direction direction) {
   const bool bNext = direction == Direction::Next;
+  if (nBillID == 0 && bNext) return 0;
   const std::string& sTable = template_.page(1).sTable;
-  if (nBillID == 0) {
-    if (bNext) return 0;
-    return arap::LongOf(
-        database_.value("SELECT FBillID FROM " + sTable + " ORDER BY FBillNo DESC, FBillID DESC LIMIT 1"));
-  }
-  const std::string sOrder = bNext ? "" : " DESC";
-  return arap::LongOf(database_.value("SELECT FBillID FROM " + sTable + " WHERE (FBillNo, FBillID) " +
-                                          (bNext ? ">" : "<") + " (SELECT FBillNo, FBillID FROM " + sTable +
-                                          " WHERE FBillID = ?) ORDER BY FBillNo" + sOrder + ", FBillID" + sOrder +
-                                          " LIMIT 1",
+  const std::string sOrder = bNext ? " ORDER BY FBillNo LIMIT 1" : " ORDER BY FBillNo DESC LIMIT 1";
+  if (nBillID == 0) return arap::LongOf(database_.value("SELECT FBillID FROM " + sTable + sOrder));
+  return arap::LongOf(database_.value("SELECT FBillID FROM " + sTable + " WHERE FBillNo " + (bNext ? ">" : "<") +
+                                          " (SELECT FBillNo FROM " + sTable + " WHERE FBillID = ?)" + sOrder,
                                       {nBillID}));
 }
 

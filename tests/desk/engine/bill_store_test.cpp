@@ -61,6 +61,24 @@ TEST_P(BillStoreTest, AValueThatARuleWritesWithoutTheModifyMarkIsStoredToo) {
   EXPECT_EQ(stored_amounts(), "1:0.00 2:0.00 3:7.25 ");
 }
 
+TEST_P(BillStoreTest, TheNeighboursOfABillAreThoseOfItsNumber) {
+  const std::string sType = window->bill().sTypeField;
+  const std::int32_t nStored = window->bill_id();
+  for (const auto& [nBillID, sNumber] : {std::pair(901, "A1"), std::pair(900, "Z1")})
+    database->exec("INSERT INTO " + std::string(GetParam().sTable) + " (FBillID, FBillNo, FDate, " + sType +
+                       ") VALUES (?, ?, '2026-11-05', 1)",
+                   {nBillID, sNumber});
+  BillStore store(*database, window->bill());
+  using Direction = RecordStore::Direction;
+  EXPECT_EQ(store.neighbour(nStored, Direction::Previous), 901);
+  EXPECT_EQ(store.neighbour(nStored, Direction::Next), 900);
+  EXPECT_EQ(store.neighbour(901, Direction::Previous), 0);
+  EXPECT_EQ(store.neighbour(900, Direction::Next), 0);
+  EXPECT_EQ(store.neighbour(0, Direction::Previous), 900);
+  EXPECT_EQ(store.neighbour(0, Direction::Next), 0);
+  EXPECT_EQ(store.neighbour(777, Direction::Next), 0) << "a bill that is gone has none";
+}
+
 TEST_P(BillStoreTest, RowsBehindADeletedOneMoveUp) {
   settle(1, "1");
   settle(2, "2");
