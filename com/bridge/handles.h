@@ -100,6 +100,7 @@ class OwnedVariant {
   ~OwnedVariant() { VariantClear(&value_); }
 
   VARIANT* get() noexcept { return &value_; }
+  VARIANT& operator*() noexcept { return value_; }
   const VARIANT& operator*() const noexcept { return value_; }
   VARIANT* operator->() noexcept { return &value_; }
 

@@ -19,7 +19,7 @@ HRESULT take(const VARIANT& given, VARTYPE type, Variant& vValue) {
     }
     OwnedVariant copy;
     HRESULT done = VariantCopyInd(copy.get(), const_cast<VARIANT*>(&target));
-    if (SUCCEEDED(done)) done = convert(*copy.get(), type);
+    if (SUCCEEDED(done)) done = convert(*copy, type);
     if (FAILED(done)) return done;
     vValue = to_variant(*copy);
     return S_OK;

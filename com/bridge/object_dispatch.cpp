@@ -187,7 +187,7 @@ HRESULT ObjectDispatch::Invoke(DISPID id, REFIID reserved, LCID, WORD flags, DIS
                                EXCEPINFO* info, UINT* pnBad) {
   if (reserved != IID_NULL) return DISP_E_UNKNOWNINTERFACE;
   if (!apartment_.is_here()) return RPC_E_WRONG_THREAD;
-  return invoke_object(*object_.get(), shape(), id, flags, params, answer, info, pnBad);
+  return invoke_object(*object_, shape(), id, flags, params, answer, info, pnBad);
 }
 
 HRESULT ObjectDispatch::GetClassInfo(ITypeInfo** out) {

@@ -82,6 +82,7 @@ std::vector<std::string> names_of(ITypeInfo* info, MEMBERID id, std::size_t nPar
   UINT nNames = 0;
   info->GetNames(id, names.data(), static_cast<UINT>(names.size()), &nNames);
   std::vector<std::string> found;
+  found.reserve(names.size());
   for (BSTR name : names) found.push_back(to_utf8(Bstr::adopt(name).get()));
   return found;
 }

@@ -83,7 +83,7 @@ HRESULT store(VARTYPE type, void* place, OwnedVariant& value) {
     case VT_BSTR: std::swap(*static_cast<BSTR*>(place), value->bstrVal); return S_OK;
     case VT_DISPATCH:
     case VT_UNKNOWN: std::swap(*static_cast<IUnknown**>(place), value->punkVal); return S_OK;
-    case VT_VARIANT: std::swap(*static_cast<VARIANT*>(place), *value.get()); return S_OK;
+    case VT_VARIANT: std::swap(*static_cast<VARIANT*>(place), *value); return S_OK;
     case VT_DECIMAL: {
       const USHORT reserved = static_cast<DECIMAL*>(place)->wReserved;
       *static_cast<DECIMAL*>(place) = value->decVal;
@@ -206,7 +206,7 @@ HRESULT store_by_reference(const VARIANT& reference, const Variant& vValue) {
   if ((holder->vt & VT_BYREF) == 0) return S_OK;
   const VARTYPE type = holder->vt & ~VT_BYREF;
   OwnedVariant value;
-  const HRESULT converted = to_com_as(vValue, type, *value.get());
+  const HRESULT converted = to_com_as(vValue, type, *value);
   return FAILED(converted) ? converted : store(type, holder->byref, value);
 }
 

@@ -62,7 +62,7 @@ class PublicObject : public I, public ISupportErrorInfo, public IProvideClassInf
                                    EXCEPINFO* info, UINT* pnBad) final {
     if (reserved != IID_NULL) return DISP_E_UNKNOWNINTERFACE;
     if (!apartment_.is_here()) return RPC_E_WRONG_THREAD;
-    return invoke_object(*object_.get(), shape_.get(), id, flags, params, answer, info, pnBad);
+    return invoke_object(*object_, shape_.get(), id, flags, params, answer, info, pnBad);
   }
 
   HRESULT STDMETHODCALLTYPE InterfaceSupportsErrorInfo(REFIID id) final { return id == __uuidof(I) ? S_OK : S_FALSE; }
@@ -106,7 +106,7 @@ class PublicObject : public I, public ISupportErrorInfo, public IProvideClassInf
     std::array<Variant, sizeof...(A)> values{Variant(std::forward<A>(args))...};
     return object_->invoke(member, access, values);
   }
-  Object& object() { return *object_.get(); }
+  Object& object() { return *object_; }
 
  private:
   ComPtr<ITypeInfo> class_info() const;

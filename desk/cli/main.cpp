@@ -11,8 +11,10 @@ namespace {
 std::unique_ptr<QCoreApplication> make_application(int& argc, char** argv) {
   const std::string_view sCommand = argc > 1 ? argv[1] : "";
   if (sCommand == "picture") qputenv("QT_QPA_PLATFORM", "offscreen");
-  if (sCommand == "open" || sCommand == "picture") return std::make_unique<QApplication>(argc, argv);
-  return std::make_unique<QCoreApplication>(argc, argv);
+  if (sCommand != "open" && sCommand != "picture") return std::make_unique<QCoreApplication>(argc, argv);
+  auto application = std::make_unique<QApplication>(argc, argv);
+  desk::prepare_application();
+  return application;
 }
 
 }  // namespace

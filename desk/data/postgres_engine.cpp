@@ -115,9 +115,10 @@ class PostgresEngine final : public Engine {
     }
     if (is("53100"))
       throw DeskError(ErrorKind::DiskFull, "The disk is full; nothing was changed", sWhere, "Make room and try again");
-    if (is("25006") || is("42501"))
+    if (is("25006") || is("42501")) {
       throw DeskError(ErrorKind::ReadOnly, "The book can't be written: " + sServer, sWhere,
                       "Check the user's rights on the server");
+    }
     if (is("23")) throw DeskError(ErrorKind::Constraint, "The book refuses the change: " + sServer, sWhere);
     if (is("42P01"))
       throw DeskError(ErrorKind::Damaged, "The book lacks a table: " + sServer, sWhere, "Go back to a backup copy");

@@ -54,12 +54,13 @@ Variant BillWindow::definition(const Variant& vKey) const {
 
 /// The field behind a definition. Raises 91 for Nothing, 13 for an object that isn't one of this window.
 std::size_t BillWindow::field_of(const Variant& vDefinition) const {
-  const Ref<arap::Object>& object = vDefinition.object();
-  if (!object) throw AutomationError(ErrorNumber::ObjectNotSet);
+  const arap::Object* const pObject = vDefinition.object().get();
+  if (pObject == nullptr) throw AutomationError(ErrorNumber::ObjectNotSet);
   // The class is final, so its type tells all; a cast that searches is slower, and the rules come here with every
   // field.
-  if (typeid(*object) != typeid(FieldDefinition)) throw AutomationError(ErrorNumber::TypeMismatch);
-  const std::size_t nField = static_cast<const FieldDefinition&>(*object).field();
+  const arap::Object& object = *pObject;
+  if (typeid(object) != typeid(FieldDefinition)) throw AutomationError(ErrorNumber::TypeMismatch);
+  const std::size_t nField = static_cast<const FieldDefinition&>(object).field();
   if (nField >= definitions_.size()) throw AutomationError(ErrorNumber::TypeMismatch);
   return nField;
 }

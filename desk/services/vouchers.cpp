@@ -17,9 +17,10 @@ namespace {
 std::int32_t balance_account(Database& database, const SettlementTables& tables) {
   const Rows rows = database.query("SELECT FAccountID FROM t_Account WHERE FNumber LIKE ? ORDER BY FNumber LIMIT 1",
                                    {Bind(std::string(tables.sBalanceAccount) + "%")});
-  if (rows.empty())
+  if (rows.empty()) {
     throw DeskError(ErrorKind::BadValue, "the book has no account " + std::string(tables.sBalanceAccount), "voucher",
                     "add the account of open balances");
+  }
   return rows.integer(0, "FAccountID");
 }
 

@@ -17,7 +17,6 @@ class BatchProgress final : public QDialog {
 
   /// One more bill is done. Lets the windows repaint now and then.
   void step();
-  int done() const { return done_; }
 
   void reject() override {}
 

@@ -69,7 +69,7 @@ QString BodyModel::sum_of(const TemplateField& column) const {
   for (int nRow = 1; nRow <= rows_; ++nRow) {
     sum += Money::from_double(arap::NumberOf(window_.value(column.sKey, nRow)));
   }
-  return qt(sum.text(column.nDecimals));
+  return grouped(qt(sum.text(column.nDecimals)));
 }
 
 int BodyModel::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : rows_; }
@@ -83,7 +83,7 @@ QVariant BodyModel::data(const QModelIndex& index, int nRole) const {
   const TemplateField& column = field(index.column());
   const int nRow = index.row() + 1;
   switch (nRole) {
-    case Qt::DisplayRole:
+    case Qt::DisplayRole: return shown_text(column, window_.shown(column.sKey, nRow));
     case Qt::EditRole: return qt(window_.shown(column.sKey, nRow));
     case Qt::TextAlignmentRole: return text_alignment(column);
     case Qt::ForegroundRole: return text_colour(column, window_.value(column.sKey, nRow));

@@ -30,7 +30,7 @@ QString csv_text(const QAbstractItemModel& model) {
   };
   add_line([&](int nColumn) { return model.headerData(nColumn, Qt::Horizontal).toString(); });
   for (int nRow = 0; nRow < model.rowCount(); ++nRow)
-    add_line([&](int nColumn) { return model.index(nRow, nColumn).data().toString(); });
+    add_line([&](int nColumn) { return model.index(nRow, nColumn).data(Qt::EditRole).toString(); });
   return sText;
 }
 

@@ -100,7 +100,7 @@ void HeadForm::refresh(const Place& place) {
   place.pLabel->setVisible(bVisible);
   place.pEdit->setVisible(bVisible);
   const QString sReason = qt(window_.lock_reason(field.sKey));
-  place.pEdit->set_shown(qt(window_.shown(field.sKey)));
+  place.pEdit->set_shown(shown_text(field, window_.shown(field.sKey)));
   place.pEdit->setReadOnly(!sReason.isEmpty());
   place.pEdit->setFocusPolicy(sReason.isEmpty() ? Qt::StrongFocus : Qt::ClickFocus);
   place.pEdit->setToolTip(sReason);

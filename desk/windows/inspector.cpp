@@ -43,7 +43,7 @@ bool narrow_item(QTreeWidgetItem& item, const QString& sText) {
 
 void append_text(const QTreeWidgetItem& item, int nDepth, QString& sText) {
   if (item.isHidden()) return;
-  sText += QString(2 * nDepth, QLatin1Char(' ')) + item.text(0) + QLatin1Char('\n');
+  sText += QString(qsizetype{2} * nDepth, QLatin1Char(' ')) + item.text(0) + QLatin1Char('\n');
   for (int i = 0; i < item.childCount(); ++i) append_text(*item.child(i), nDepth + 1, sText);
 }
 

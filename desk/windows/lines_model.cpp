@@ -26,6 +26,8 @@ void LinesModel::show_lines(const Rows& lines) {
 void LinesModel::narrow(const QString& sText) {
   beginResetModel();
   narrowed_to_ = sText.trimmed().toLower();
+  const QString sAmount = QString(narrowed_to_).remove(QLatin1Char(','));
+  if (grouped(sAmount) == narrowed_to_) narrowed_to_ = sAmount;  // an amount may be typed as it is shown
   choose_seen();
   endResetModel();
 }
@@ -105,7 +107,8 @@ QVariant LinesModel::data(const QModelIndex& index, int nRole) const {
   const auto nColumn = static_cast<std::size_t>(index.column());
   const bool bMoney = columns_[nColumn].kind == ListColumn::Kind::Money;
   switch (nRole) {
-    case Qt::DisplayRole: return text(line(index.row()), nColumn);
+    case Qt::DisplayRole: return bMoney ? grouped(text(line(index.row()), nColumn)) : text(line(index.row()), nColumn);
+    case Qt::EditRole: return text(line(index.row()), nColumn);
     case Qt::TextAlignmentRole: return QVariant((bMoney ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
     case Qt::ForegroundRole: return colour(line(index.row()), nColumn);
     default: return {};

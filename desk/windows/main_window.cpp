@@ -24,6 +24,7 @@ namespace desk {
 namespace {
 
 constexpr int kRoomsWidth = 130;
+constexpr int kRoomsSpacing = 3;
 
 }  // namespace
 
@@ -51,6 +52,8 @@ MainWindow::~MainWindow() {
 void MainWindow::build() {
   auto* pSplitter = new QSplitter;
   rooms_->setObjectName(QStringLiteral("rooms"));
+  rooms_->setSpacing(kRoomsSpacing);
+  rooms_->setFrameShape(QFrame::NoFrame);
   for (const Room& room : rooms()) rooms_->addItem(words(room.sCaption));
   tabs_->setTabsClosable(true);
   tabs_->setDocumentMode(true);
@@ -81,9 +84,10 @@ void MainWindow::build_menus() {
   pView->addAction(inspector_->toggleViewAction());
   QMenu* pLanguage = pView->addMenu(words("语言"));
   for (const auto& [chosen, sCaption] :
-       {std::pair(Language::Chinese, "简体中文"), std::pair(Language::English, "English")})
+       {std::pair(Language::Chinese, "简体中文"), std::pair(Language::English, "English")}) {
     connect(pLanguage->addAction(QString::fromUtf8(sCaption)), &QAction::triggered, this,
             [this, chosen = chosen] { change_language(chosen); });
+  }
 }
 
 void MainWindow::add_file_menu() {

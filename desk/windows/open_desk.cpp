@@ -1,6 +1,7 @@
 #include "windows/open_desk.h"
 
 #include <QApplication>
+#include <QFontDatabase>
 
 #include "frame/conversions.h"
 #include "services/help_viewer.h"
@@ -8,6 +9,14 @@
 #include "windows/qt_text.h"
 
 namespace desk {
+
+void prepare_application() {
+  const QString sFamily = QStringLiteral("Noto Sans CJK SC");
+  if (!QFontDatabase::families().contains(sFamily)) return;
+  QFont font = QApplication::font();
+  font.setFamily(sFamily);
+  QApplication::setFont(font);
+}
 
 int open_desk(Database& database, const std::string& sUser, const std::string& sToday) {
   DeskSeat seat(database, sUser, sToday);

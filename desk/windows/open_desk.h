@@ -6,6 +6,10 @@
 
 namespace desk {
 
+/// What every program with the desk's windows does once it has a QApplication: texts of both scripts in one font, so
+/// that they stand on one line.
+void prepare_application();
+
 /// Shows the desk's windows on a book until the user quits; answers the program's exit code. Needs a QApplication.
 int open_desk(Database& database, const std::string& sUser, const std::string& sToday);
 

@@ -4,6 +4,7 @@
 #include "windows/captions.h"
 #include "windows/printing.h"
 #include "windows/qt_text.h"
+#include "windows/states.h"
 
 namespace desk {
 
@@ -16,7 +17,7 @@ QString head_html(BillWindow& window) {
   int nPosition = 0;
   for (const std::size_t nField : window.bill().page(1).aFields) {
     const TemplateField& field = window.bill().field(nField);
-    const QString sText = qt(window.shown(field.sKey));
+    const QString sText = shown_text(field, window.shown(field.sKey));
     if (field.sCaption.empty() || !window.state(field.sKey).bVisible || sText.isEmpty()) continue;
     if (nPosition++ % kFieldsInALine == 0) sHtml += QStringLiteral("<tr>");
     sHtml += html_cell(qt(field.sCaption) + QStringLiteral("："), true) + html_cell(sText, false);

@@ -13,4 +13,7 @@ inline QString qt(std::string_view sText) {
 }
 inline std::string utf8(const QString& sText) { return sText.toStdString(); }
 
+/// An amount as people read it, its digits in groups of three: 1234567.50 is 1,234,567.50. Any other text stays.
+QString grouped(QString sAmount);
+
 }  // namespace desk

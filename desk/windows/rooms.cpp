@@ -49,12 +49,12 @@ const std::vector<Room>& rooms() {
       {"付款单", bill_list<kPayment>},
       {"其他收入单", bill_list<kOtherReceivable>},
       {"费用支出单", bill_list<kOtherPayable>},
-      {"应收明细", book_list<open_receivables>},
-      {"应付明细", book_list<open_payables>},
-      {"发票", record_lists<invoice_room>},
-      {"期初余额", record_lists<opening_room>},
       {"收支类别", base_data<open_type_window>},
       {"收支类别一览", base_data<open_type_view>},
+      {"发票", record_lists<invoice_room>},
+      {"期初余额", record_lists<opening_room>},
+      {"应收明细", book_list<open_receivables>},
+      {"应付明细", book_list<open_payables>},
       {"操作日志", book_list<action_log>},
   };
   return kRooms;

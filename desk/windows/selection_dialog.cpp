@@ -65,7 +65,8 @@ SelectionDialog::SelectionDialog(const SourceList& list, CurrencyNames currencie
 
 void SelectionDialog::show_sums() {
   QStringList amounts;
-  for (const auto& [sCurrency, sum] : model_.open_sums()) amounts << (qt(sum.text()) + " " + sCurrency).trimmed();
+  for (const auto& [sCurrency, sum] : model_.open_sums())
+    amounts << (grouped(qt(sum.text())) + " " + sCurrency).trimmed();
   sums_->setText(words("已选%1张，未核销合计 %2")
                      .arg(model_.chosen().size())
                      .arg(amounts.isEmpty() ? QStringLiteral("0.00") : amounts.join(QStringLiteral(" + "))));

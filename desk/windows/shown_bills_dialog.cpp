@@ -53,7 +53,7 @@ QString text_of(Database& database, const BillColumn& column, const Value& vValu
   switch (column.kind) {
     case BillColumn::Kind::Text:
     case BillColumn::Kind::Number: return qt(arap::Concat(vValue));
-    case BillColumn::Kind::Money: return qt(Money::from_double(arap::NumberOf(vValue)).text());
+    case BillColumn::Kind::Money: return grouped(qt(Money::from_double(arap::NumberOf(vValue)).text()));
     case BillColumn::Kind::Id: break;
   }
   const std::string sSql =

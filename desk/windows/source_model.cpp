@@ -41,7 +41,7 @@ void SourceModel::add_column(const char* sCaption, std::initializer_list<const c
 
 QString SourceModel::text(std::size_t nRow, const Column& column) const {
   if (column.sName == kCurrencyColumn) return currency(nRow);
-  if (column.bMoney) return qt(Money::from_double(arap::NumberOf(list_.value(nRow, column.sName))).text());
+  if (column.bMoney) return grouped(qt(Money::from_double(arap::NumberOf(list_.value(nRow, column.sName))).text()));
   const QString sText = qt(list_.text(nRow, column.sName));
   const bool bNumber = &column == &columns_.front();
   return bNumber && sText.isEmpty() ? words("期初余额") : sText;  // an opening balance has none

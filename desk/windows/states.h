@@ -6,6 +6,7 @@
 
 #include "engine/bill_template.h"
 #include "frame/conversions.h"
+#include "windows/qt_text.h"
 
 /// How values and states look, the same in heads, grids and lists.
 namespace desk {
@@ -21,6 +22,11 @@ inline int line_height(const QWidget& grid) { return grid.fontMetrics().height()
 inline QVariant text_alignment(const TemplateField& field) {
   const bool bRight = field.is_number() && !field.lookUp;
   return QVariant((bRight ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+}
+
+/// Amounts with their digits in groups; everything else as the bill shows it.
+inline QString shown_text(const TemplateField& field, const std::string& sShown) {
+  return field.kind == FieldKind::Money ? grouped(qt(sShown)) : qt(sShown);
 }
 
 /// Negative amounts are red; nothing for the others.

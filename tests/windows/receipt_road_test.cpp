@@ -70,7 +70,7 @@ TEST(ReceiptRoad, AnAmountTypedInTheGridGoesDownByEnterAndIsEnteredBeforeAComman
   for (const char c : std::string("7")) user.key_text(c);
   user.command("mnuDataAutoSumAmt");
   EXPECT_EQ(user.shown("FBillSettleAmountFor", 2), "7.00");
-  EXPECT_EQ(static_cast<BodyModel*>(grid.model())->total(nColumn), QStringLiteral("2822.00"));
+  EXPECT_EQ(static_cast<BodyModel*>(grid.model())->total(nColumn), QStringLiteral("2,822.00"));
   EXPECT_EQ(user.shown("FAmountFor"), "2822.00");
 }
 

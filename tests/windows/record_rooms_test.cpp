@@ -2,6 +2,7 @@
 #include <QTableWidget>
 
 #include "desk_user.h"
+#include "windows/csv_export.h"
 #include "windows/record_list_view.h"
 
 namespace desk::testing {
@@ -79,8 +80,8 @@ TEST_F(RecordRooms, EnterShowsTheBillBehindAnInvoiceInTheBillList) {
   EXPECT_EQ(aShown[0], "单据编号 XSFP000004");
   EXPECT_EQ(aShown[3], "往来单位 Pacific Trading");
   EXPECT_EQ(aShown[4], "币别 美元");
-  EXPECT_EQ(aShown[6], "金额 1200.00");
-  EXPECT_EQ(aShown[7], "本位币金额 8520.00");
+  EXPECT_EQ(aShown[6], "金额 1,200.00");
+  EXPECT_EQ(aShown[7], "本位币金额 8,520.00");
 }
 
 TEST_F(RecordRooms, WithoutASelectedInvoiceTheViewDoesNothing) {
@@ -108,14 +109,23 @@ TEST_F(RecordRooms, TheOpeningBalancesOfBothSidesShowTheirLinesAndOpenNoBill) {
   EXPECT_EQ(shown_list(balances()), "期初应收");
   ASSERT_EQ(balances().lines().model().rowCount(), 1);
   EXPECT_EQ(cell(balances(), 0, 1), "海天贸易");
-  EXPECT_EQ(cell(balances(), 0, 5), "8000.00");
+  EXPECT_EQ(cell(balances(), 0, 5), "8,000.00");
   user.key(Qt::Key_Return);
   EXPECT_EQ(utf8(balances().status()), "命令“查看”现在不可用。") << "the plug-in takes the command away";
   EXPECT_TRUE(user.seat.session.shown_bill_lists.empty());
   user.key(Qt::Key_PageDown, Qt::ControlModifier);
   EXPECT_EQ(shown_list(balances()), "期初应付");
   EXPECT_EQ(cell(balances(), 0, 1), "华北钢铁");
-  EXPECT_EQ(cell(balances(), 0, 5), "6000.00");
+  EXPECT_EQ(cell(balances(), 0, 5), "6,000.00");
+}
+
+TEST_F(RecordRooms, AnAmountIsFoundAsItIsShownOrPlainAndIsPlainInAFile) {
+  balances().table().setFocus();
+  for (const char* sTyped : {"8,000.00", "8000", "8,000"}) {
+    balances().lines().filter().setText(QString::fromLatin1(sTyped));
+    EXPECT_EQ(balances().lines().model().rowCount(), 1) << sTyped;
+  }
+  EXPECT_NE(utf8(csv_text(balances().lines().model())).find(",8000.00,"), std::string::npos);
 }
 
 TEST_F(RecordRooms, TheBarsOfTheOpeningBalancesOnlyRead) {

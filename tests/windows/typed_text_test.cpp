@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "windows/qt_text.h"
+
 namespace desk {
 namespace {
 
@@ -34,6 +36,18 @@ TEST(TypedAmount, ASmallSumIsWorkedOut) {
 TEST(TypedAmount, ANumberStaysAsItIsButForItsThousands) {
   EXPECT_EQ(complete_amount("-12.50"), "-12.50");
   EXPECT_EQ(complete_amount("1,234.5"), "1234.5");
+}
+
+TEST(ShownAmount, ItsDigitsStandInGroupsOfThree) {
+  EXPECT_EQ(utf8(grouped("1234567.50")), "1,234,567.50");
+  EXPECT_EQ(utf8(grouped("-123456.00")), "-123,456.00");
+  EXPECT_EQ(utf8(grouped("100000")), "100,000");
+  EXPECT_EQ(utf8(grouped("999.99")), "999.99");
+  EXPECT_EQ(utf8(grouped("-100.00")), "-100.00");
+}
+
+TEST(ShownAmount, WhatIsNoAmountStaysAsItIs) {
+  for (const char* sText : {"", "1002.01.03", "B10010", "12345%", "1,234.00"}) EXPECT_EQ(utf8(grouped(sText)), sText);
 }
 
 TEST(TypedAmount, WhatHasNoResultStaysAsItIs) {

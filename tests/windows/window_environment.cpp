@@ -4,6 +4,8 @@
 
 #include <memory>
 
+#include "windows/open_desk.h"
+
 namespace {
 
 /// The windows of the tests are drawn without a screen.
@@ -12,6 +14,7 @@ class WindowEnvironment final : public testing::Environment {
   void SetUp() override {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     application_ = std::make_unique<QApplication>(count_, arguments_);
+    desk::prepare_application();
     QApplication::setEffectEnabled(Qt::UI_AnimateMenu, false);
   }
   void TearDown() override { application_.reset(); }
