@@ -176,7 +176,8 @@ void ScenarioPlayer::press(const std::string& sTool) {
   tell("  press " + sTool);
   const Outcome outcome = press_in_front(sTool);
   tell_shown_bills();
-  while (vouchers_told_ < session_.shown_vouchers.size()) tell(session_.shown_vouchers[vouchers_told_++]);
+  while (vouchers_told_ < session_.shown_vouchers.size())
+    tell(voucher_text(session_.database(), session_.shown_vouchers[vouchers_told_++]));
   if (!outcome && !outcome.sReason.empty()) refused("the command " + sTool, outcome.sReason);
 }
 

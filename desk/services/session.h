@@ -43,7 +43,7 @@ class Session {
 
   /// What the user was shown beside boxes: help topics, vouchers, result lists and lists of bills, in order.
   std::vector<HelpCall> help_calls;
-  std::vector<std::string> shown_vouchers;
+  std::vector<std::int32_t> shown_vouchers;  // their ids
   std::vector<std::string> shown_results;
   std::vector<ShownBills> shown_bill_lists;
   /// Hears each line of a result list when it is made, which is after each bill of a batch.

@@ -84,10 +84,9 @@ Variant account_right(Session& session) {
 // LoadVoucher(nMode or sProps, nVoucherID, vMissing, oOptions)
 Variant load_voucher(Session& session, Arguments args) {
   const std::int32_t nVoucherID = long_argument(args, 1);
-  const std::string sVoucher = voucher_text(session.database(), nVoucherID);
-  if (sVoucher.empty())
+  if (!read_voucher(session.database(), nVoucherID))
     throw arap::AutomationError(arap::ErrorNumber::InvalidProcedureCall, "voucher " + std::to_string(nVoucherID));
-  session.shown_vouchers.push_back(sVoucher);
+  session.shown_vouchers.push_back(nVoucherID);
   return true;
 }
 
@@ -125,24 +124,33 @@ std::int32_t make_voucher(Session& session, const OtherTables& tables, std::int3
   return nVoucherID;
 }
 
-std::string voucher_text(Database& database, std::int32_t nVoucherID) {
+std::optional<Voucher> read_voucher(Database& database, std::int32_t nVoucherID) {
   const Rows rows = database.query(
       "SELECT v.FDate AS FDate, v.FNumber AS FNumber, v.FExplanation AS FExplanation, e.FDC AS FDC,"
       " e.FAmount AS FAmount, a.FNumber AS FAccount, a.FName AS FAccountName FROM t_Voucher v"
       " JOIN t_VoucherEntry e ON e.FVoucherID = v.FVoucherID LEFT JOIN t_Account a ON a.FAccountID = e.FAccountID"
       " WHERE v.FVoucherID = ? ORDER BY e.FEntryID",
       {Bind(nVoucherID)});
-  if (rows.empty()) return {};
-  std::string sText = "凭证 " + std::to_string(rows.integer(0, "FNumber")) + "  " + rows.text(0, "FDate") + "  " +
-                      rows.text(0, "FExplanation");
-  Money debit, credit;
+  if (rows.empty()) return std::nullopt;
+  Voucher voucher{rows.integer(0, "FNumber"), rows.text(0, "FDate"), rows.text(0, "FExplanation"), {}, {}, {}};
   for (std::size_t i = 0; i < rows.size(); ++i) {
     const bool bDebit = rows.integer(i, "FDC") == 1;
-    (bDebit ? debit : credit) += rows.money(i, "FAmount");
-    sText += std::string("\n") + (bDebit ? "借 " : "贷 ") + rows.text(i, "FAccount") + " " +
-             rows.text(i, "FAccountName") + "  " + rows.money(i, "FAmount").text();
+    const Money amount = rows.money(i, "FAmount");
+    (bDebit ? voucher.debit : voucher.credit) += amount;
+    voucher.aEntries.push_back({rows.text(i, "FAccount"), rows.text(i, "FAccountName"), bDebit, amount});
   }
-  return sText + "\n合计 借 " + debit.text() + "  贷 " + credit.text();
+  return voucher;
+}
+
+std::string voucher_text(Database& database, std::int32_t nVoucherID) {
+  const std::optional<Voucher> voucher = read_voucher(database, nVoucherID);
+  if (!voucher) return {};
+  std::string sText = "凭证 " + std::to_string(voucher->nNumber) + "  " + voucher->sDate + "  " + voucher->sExplanation;
+  for (const VoucherEntry& entry : voucher->aEntries) {
+    sText += std::string("\n") + (entry.bDebit ? "借 " : "贷 ") + entry.sAccount + " " + entry.sAccountName + "  " +
+             entry.amount.text();
+  }
+  return sText + "\n合计 借 " + voucher->debit.text() + "  贷 " + voucher->credit.text();
 }
 
 void register_vouchers(Session& session) {

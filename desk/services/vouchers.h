@@ -1,7 +1,9 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
+#include <vector>
 
 #include "services/other_tables.h"
 #include "services/session.h"
@@ -16,6 +18,25 @@ std::int32_t make_voucher(Session& session, const SettlementTables& tables, std:
 /// The same for an other bill: the settlement account against the account of each row's type. Raises DeskError for a
 /// type without an account too.
 std::int32_t make_voucher(Session& session, const OtherTables& tables, std::int32_t nBillID);
+
+/// A voucher as it stands in the book, amounts in base currency.
+struct VoucherEntry {
+  std::string sAccount;  // its number; "" with the name when the account has gone
+  std::string sAccountName;
+  bool bDebit;
+  Money amount;
+};
+struct Voucher {
+  std::int32_t nNumber;
+  std::string sDate;
+  std::string sExplanation;
+  std::vector<VoucherEntry> aEntries;
+  Money debit;
+  Money credit;
+};
+
+/// Empty when there is no such voucher.
+std::optional<Voucher> read_voucher(Database& database, std::int32_t nVoucherID);
 
 /// A voucher as lines of text: its head, a line an entry, the totals. "" when there is no such voucher.
 std::string voucher_text(Database& database, std::int32_t nVoucherID);

@@ -137,6 +137,8 @@ void BarView::refresh() {
     if (pTool == nullptr) continue;
     const bool bHasCaption = !pTool->sCaption.empty();
     pAction->setText(qt(bHasCaption ? pTool->sCaption : pTool->sName));
+    const QString sKeys = pAction->shortcut().toString(QKeySequence::NativeText);
+    pAction->setToolTip(sKeys.isEmpty() ? pAction->text() : QStringLiteral("%1 (%2)").arg(pAction->text(), sKeys));
     pAction->setStatusTip(qt(pTool->sDescription));
     pAction->setVisible(pTool->bVisible && bHasCaption);
     pAction->setEnabled(pTool->bEnabled);

@@ -20,7 +20,6 @@
 #include "windows/qt_text.h"
 #include "windows/selection_dialog.h"
 #include "windows/states.h"
-#include "windows/text_dialog.h"
 #include "windows/typed_text.h"
 
 namespace desk {

@@ -1,6 +1,8 @@
 #include "windows/field_edit.h"
 
+#include <QAction>
 #include <QKeyEvent>
+#include <QPainter>
 
 #include "windows/captions.h"
 #include "windows/look_up_list.h"
@@ -9,12 +11,36 @@
 
 namespace desk {
 
+namespace {
+
+/// A small triangle, as a list that can be opened has it.
+QIcon arrow_icon(const QPalette& colours) {
+  constexpr int kScale = 4;  // sharp on fine screens too
+  QPixmap picture(16 * kScale, 16 * kScale);
+  picture.fill(Qt::transparent);
+  QPainter painter(&picture);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.scale(kScale, kScale);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(colours.color(QPalette::Disabled, QPalette::Text));
+  painter.drawPolygon(QPolygonF({{4, 6}, {12, 6}, {8, 11}}));
+  return QIcon(picture);
+}
+
+}  // namespace
+
 FieldEdit::FieldEdit(const TemplateField& field, Choices choices, QWidget* pParent)
     : QLineEdit(pParent), field_(field), choices_(std::move(choices)) {
   setObjectName(qt(field.sKey));
   if (field.is_number() && !field.lookUp) setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   if (!field.lookUp) return;
   list_ = new LookUpList(this);
+  arrow_ = addAction(arrow_icon(palette()), TrailingPosition);
+  arrow_->setToolTip(QStringLiteral("F7"));
+  connect(arrow_, &QAction::triggered, this, [this] {
+    setFocus(Qt::OtherFocusReason);
+    open_list(true);
+  });
   connect(list_, &LookUpList::picked, this, &FieldEdit::pick);
   connect(this, &QLineEdit::textEdited, this, [this] { open_list(false); });
 }
@@ -59,6 +85,12 @@ bool FieldEdit::event(QEvent* pEvent) {
     if (key.key() == Qt::Key_Insert && key.modifiers() == Qt::ControlModifier) return false;
   }
   return QLineEdit::event(pEvent);
+}
+
+/// A locked field offers nothing.
+void FieldEdit::changeEvent(QEvent* pEvent) {
+  if (pEvent->type() == QEvent::ReadOnlyChange && arrow_ != nullptr) arrow_->setVisible(!isReadOnly());
+  QLineEdit::changeEvent(pEvent);
 }
 
 void FieldEdit::keyPressEvent(QKeyEvent* pEvent) {

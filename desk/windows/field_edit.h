@@ -12,8 +12,8 @@ namespace desk {
 
 class LookUpList;
 
-/// The editor of a field, in the head and in the grid. A look-up field offers its list while one types and on F7; Esc
-/// brings the former text back.
+/// The editor of a field, in the head and in the grid. A look-up field offers its list while one types, on F7 and by
+/// its arrow; Esc brings the former text back.
 class FieldEdit final : public QLineEdit {
   Q_OBJECT
  public:
@@ -43,6 +43,7 @@ class FieldEdit final : public QLineEdit {
 
  protected:
   bool event(QEvent* pEvent) override;
+  void changeEvent(QEvent* pEvent) override;
   void keyPressEvent(QKeyEvent* pEvent) override;
   void focusInEvent(QFocusEvent* pEvent) override;
   void focusOutEvent(QFocusEvent* pEvent) override;
@@ -53,6 +54,7 @@ class FieldEdit final : public QLineEdit {
   const TemplateField& field_;
   Choices choices_;
   LookUpList* list_ = nullptr;
+  QAction* arrow_ = nullptr;
   QString shown_;
 };
 

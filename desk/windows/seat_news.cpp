@@ -4,7 +4,7 @@
 #include "windows/qt_text.h"
 #include "windows/result_dialog.h"
 #include "windows/shown_bills_dialog.h"
-#include "windows/text_dialog.h"
+#include "windows/voucher_dialog.h"
 
 namespace desk {
 
@@ -15,8 +15,10 @@ SeatNews::SeatNews(Session& session)
       bills_seen_(session.shown_bill_lists.size()) {}
 
 void SeatNews::show(QWidget* pParent) {
-  if (vouchers_seen_ < session_.shown_vouchers.size())
-    show_text(words("凭证"), qt(session_.shown_vouchers.back()), pParent);
+  if (vouchers_seen_ < session_.shown_vouchers.size()) {
+    if (const auto voucher = read_voucher(session_.database(), session_.shown_vouchers.back()))
+      VoucherDialog(*voucher, pParent).exec();
+  }
   vouchers_seen_ = session_.shown_vouchers.size();
   if (results_seen_ < session_.shown_results.size())
     ResultDialog(qt(session_.shown_results.back()).split(QLatin1Char('\n')), pParent).exec();

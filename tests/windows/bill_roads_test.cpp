@@ -2,8 +2,8 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QMenuBar>
-#include <QPlainTextEdit>
 #include <QProcess>
+#include <QTableWidget>
 #include <QTemporaryDir>
 
 #include "desk_user.h"
@@ -178,13 +178,17 @@ TEST(BillRoads, TheVoucherOfACheckedBillIsShownLineByLine) {
   std::string sVoucher;
   user.in_next_dialog(
       [&](QDialog& dialog) {
-        sVoucher = utf8(dialog.findChild<QPlainTextEdit*>()->toPlainText());
+        const QAbstractItemModel& entries = *dialog.findChild<QTableWidget*>()->model();
+        for (int nRow = 0; nRow < entries.rowCount(); ++nRow) {
+          for (int nColumn = 0; nColumn < entries.columnCount(); ++nColumn)
+            sVoucher += utf8(entries.index(nRow, nColumn).data().toString()) + "|";
+          sVoucher += "\n";
+        }
         QTest::keyClick(&dialog, Qt::Key_Escape);
       },
-      QStringLiteral("text"));
+      QStringLiteral("voucher"));
   user.command("mnuViewVch");
-  EXPECT_NE(sVoucher.find("借 1002.02 银行存款-美元  8520.00"), std::string::npos) << sVoucher;
-  EXPECT_NE(sVoucher.find("贷 1122 应收账款  8520.00"), std::string::npos) << sVoucher;
+  EXPECT_EQ(sVoucher, "1002.02|银行存款-美元|8,520.00||\n1122|应收账款||8,520.00|\n合计||8,520.00|8,520.00|\n");
 }
 
 }  // namespace

@@ -1,3 +1,5 @@
+#include <QToolButton>
+
 #include "desk_user.h"
 #include "many_bills.h"
 
@@ -121,6 +123,21 @@ TEST_F(Keyboard, F7OpensTheListThatTypingNarrowsAndAnArrowAndEnterTakeFrom) {
   QTest::keyClick(pEdit, Qt::Key_Return);
   EXPECT_FALSE(pEdit->is_list_open());
   EXPECT_EQ(user.bill().window().code("FCustomerID"), "C002");
+}
+
+TEST_F(Keyboard, WhoDoesntKnowTheKeyFindsAnArrowInEveryFreeLookUpFieldAndTheKeysOverTheTools) {
+  user.window.new_bill("receipt");
+  FieldEdit* pEdit = user.bill().head().edit("FCustomerID");
+  auto* pArrow = pEdit->findChild<QToolButton*>();
+  ASSERT_NE(pArrow, nullptr);
+  pArrow->click();
+  EXPECT_TRUE(pEdit->is_list_open());
+  QTest::keyClick(pEdit, Qt::Key_Return);
+  EXPECT_EQ(user.bill().window().code("FCustomerID"), "C001");
+  pEdit->setReadOnly(true);
+  EXPECT_FALSE(pArrow->isVisible());
+  EXPECT_EQ(user.bill().head().edit("FExplanation")->findChild<QToolButton*>(), nullptr);
+  EXPECT_TRUE(user.bill().bars().action("mnuFileSave")->toolTip().contains(QStringLiteral("Ctrl+S")));
 }
 
 TEST_F(Keyboard, EscapeClosesTheListFirstAndThenBringsTheTextBack) {

@@ -93,7 +93,7 @@ TEST_F(Screenshots, OfTheRoadOfAReceipt) {
   user.command("mnuFileExit");
   DeskUser::settle();
   user.window.open_bill("receipt", nBillID);
-  take_next_dialog(user, "text", "voucher");
+  take_next_dialog(user, "voucher", "voucher");
   user.command("mnuViewVch");
 }
 
@@ -113,6 +113,26 @@ TEST_F(Screenshots, OfAListAndABatch) {
   take(user.window, "list");
   user.window.open_bill("receipt", 1007);
   take(user.window, "held_by_another_seat");
+}
+
+TEST_F(Screenshots, OfPayments) {
+  DeskUser user;
+  add_bills(*user.book.database, kPaymentTables, 12);
+  user.list(kPaymentTables).refresh();
+  take(user.window, "payments");
+  user.window.new_bill("payment");
+  user.type("FSupplyID", "S003");
+  user.type("FCurrencyID", "USD");
+  user.type("FAcctID", "1002.02");
+  user.in_next_dialog(
+      [](QDialog& dialog) {
+        QTest::keyClick(dialog.findChild<QTableView*>(), Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClick(dialog.findChild<QTableView*>(), Qt::Key_Return);
+      },
+      QStringLiteral("selection"));
+  user.command("mnuSelectBill_2000002");
+  user.command("mnuDataAutoSumAmt");
+  take(user.window, "payment");
 }
 
 TEST_F(Screenshots, OfOtherReceivables) {

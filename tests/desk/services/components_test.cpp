@@ -227,7 +227,7 @@ TEST_F(Components, AVoucherOpensOnlyWithRightsToItsAccounts) {
   book.database().exec("UPDATE t_Account SET FRightUserID = '2' WHERE FAccountID = 103");
   EXPECT_FALSE(arap::ToBoolean(oInfo->call(Member::CheckVoucherRight, "", nVoucher)));
   session.registry().create("NUVMVEdit.MVoucherEdit")->call(Member::LoadVoucher, "", nVoucher);
-  ASSERT_EQ(session.shown_vouchers.size(), 1u);
+  EXPECT_EQ(session.shown_vouchers, std::vector<std::int32_t>{nVoucher});
   EXPECT_THROW(session.registry().create("NUVMVEdit.MVoucherEdit")->call(Member::LoadVoucher, "", std::int32_t{99}),
                arap::AutomationError);
 }
