@@ -53,9 +53,16 @@ int WINAPI message_box(HWND owner, LPCWSTR sText, LPCWSTR sTitle, UINT nStyle) {
   return MessageBoxW(owner, sText, sTitle, nStyle);
 }
 
-HCURSOR WINAPI set_cursor(HCURSOR cursor) {
-  const bool bWait = cursor == LoadCursorW(nullptr, IDC_WAIT);
-  CurrentPlatform().SetMousePointer(bWait ? kHourglass : kDefaultPointer);
+/// The cursor that was asked for last: a machine without a screen has no cursors to tell one from the other.
+LPCWSTR wanted_cursor = nullptr;
+
+HCURSOR WINAPI load_cursor(HINSTANCE instance, LPCWSTR sName) {
+  wanted_cursor = sName;
+  return LoadCursorW(instance, sName);
+}
+
+HCURSOR WINAPI set_cursor(HCURSOR) {
+  CurrentPlatform().SetMousePointer(wanted_cursor == IDC_WAIT ? kHourglass : kDefaultPointer);
   return nullptr;
 }
 
@@ -159,6 +166,7 @@ ScriptedMachine::ScriptedMachine(HMODULE server) {
     if (!patches_.back()->found()) ADD_FAILURE() << "the server doesn't import " << sFunction;
   };
   patch("MessageBoxW", address(message_box));
+  patch("LoadCursorW", address(load_cursor));
   patch("SetCursor", address(set_cursor));
   patch("GetComputerNameW", address(computer_name));
   patch("GetCurrentProcessId", address(process_id));
