@@ -9,7 +9,7 @@
 namespace desk::testing {
 namespace {
 
-constexpr std::int32_t kMostChecks = 400;
+constexpr std::int32_t kMostChecks = 1600;
 constexpr std::int32_t kSourceCents = 100'00;
 constexpr int kLongWaitMs = 60'000;
 
@@ -30,7 +30,7 @@ struct Board {
   std::array<std::array<char, 160>, kMostChecks> aRefusals{};
 };
 
-/// Seats in processes of their own that check bills over the same sources at the same moment: 1,000 checks over all.
+/// Seats in processes of their own that check bills over the same sources at the same moment: 1,000 races over all.
 class SeatRace : public ::testing::TestWithParam<Race> {
  protected:
   void SetUp() override {
@@ -88,9 +88,9 @@ class SeatRace : public ::testing::TestWithParam<Race> {
   Shared<Board> board;
 };
 INSTANTIATE_TEST_SUITE_P(Seats, SeatRace,
-                         ::testing::Values(Race{2, 100, 60'00, "未核销余额只剩 40.00,不能核销 60.00,审核失败。"},
-                                           Race{4, 100, 30'00, "未核销余额只剩 10.00,不能核销 30.00,审核失败。"},
-                                           Race{8, 50, 30'00, "未核销余额只剩 10.00,不能核销 30.00,审核失败。"}),
+                         ::testing::Values(Race{2, 400, 60'00, "未核销余额只剩 40.00,不能核销 60.00,审核失败。"},
+                                           Race{4, 400, 30'00, "未核销余额只剩 10.00,不能核销 30.00,审核失败。"},
+                                           Race{8, 200, 30'00, "未核销余额只剩 10.00,不能核销 30.00,审核失败。"}),
                          [](const auto& each) { return std::to_string(each.param.nSeats); });
 
 TEST_P(SeatRace, NeverSettlesASourceTwiceAndTheLosersHearWhatIsLeft) {
