@@ -229,14 +229,13 @@ TEST_F(Screenshots, OfInvoicesTheBillBehindOneAndTheOpeningBalances) {
 }
 
 TEST_F(Screenshots, OfTheLastBillComeWithoutAUser) {
-  DeskUser user;
-  add_bills(*user.book.database, kPaymentTables, 2);
+  DemoBook book;
+  add_bills(*book.database, kPaymentTables, 2);
   TempFolder folder;
-  draw_last_bill(*user.book.database, "demo", "payment", folder.path("payment.png"));
+  draw_last_bill(*book.database, "demo", "payment", folder.path("payment.png"));
   EXPECT_GT(colours(QImage(qt(folder.path("payment.png")))), 3);
-  EXPECT_EQ(
-      kind_of_failure([&] { draw_last_bill(*user.book.database, "demo", "receipt", folder.path("receipt.png")); }),
-      ErrorKind::BadValue);
+  EXPECT_EQ(kind_of_failure([&] { draw_last_bill(*book.database, "demo", "receipt", folder.path("receipt.png")); }),
+            ErrorKind::BadValue);
 }
 
 }  // namespace
