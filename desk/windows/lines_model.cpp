@@ -25,9 +25,7 @@ void LinesModel::show_lines(const Rows& lines) {
 
 void LinesModel::narrow(const QString& sText) {
   beginResetModel();
-  narrowed_to_ = sText.trimmed().toLower();
-  const QString sAmount = QString(narrowed_to_).remove(QLatin1Char(','));
-  if (grouped(sAmount) == narrowed_to_) narrowed_to_ = sAmount;  // an amount may be typed as it is shown
+  narrowed_to_ = looked_for(sText.trimmed().toLower());
   choose_seen();
   endResetModel();
 }

@@ -14,4 +14,9 @@ QString grouped(QString sAmount) {
   return sAmount;
 }
 
+QString looked_for(const QString& sTyped) {
+  const QString sPlain = QString(sTyped).remove(QLatin1Char(','));
+  return grouped(sPlain) == sTyped ? sPlain : sTyped;
+}
+
 }  // namespace desk

@@ -16,4 +16,7 @@ inline std::string utf8(const QString& sText) { return sText.toStdString(); }
 /// An amount as people read it, its digits in groups of three: 1234567.50 is 1,234,567.50. Any other text stays.
 QString grouped(QString sAmount);
 
+/// What is looked for when this is typed: an amount as it is shown without its groups, any other text as it is.
+QString looked_for(const QString& sTyped);
+
 }  // namespace desk

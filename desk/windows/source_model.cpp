@@ -41,7 +41,7 @@ void SourceModel::add_column(const char* sCaption, std::initializer_list<const c
 
 QString SourceModel::text(std::size_t nRow, const Column& column) const {
   if (column.sName == kCurrencyColumn) return currency(nRow);
-  if (column.bMoney) return grouped(qt(Money::from_double(arap::NumberOf(list_.value(nRow, column.sName))).text()));
+  if (column.bMoney) return qt(Money::from_double(arap::NumberOf(list_.value(nRow, column.sName))).text());
   const QString sText = qt(list_.text(nRow, column.sName));
   const bool bNumber = &column == &columns_.front();
   return bNumber && sText.isEmpty() ? words("期初余额") : sText;  // an opening balance has none
@@ -53,11 +53,12 @@ QString SourceModel::currency(std::size_t nRow) const {
 }
 
 void SourceModel::narrow(const QString& sText) {
+  const QString sWanted = looked_for(sText.trimmed());
   beginResetModel();
   seen_.clear();
   for (std::size_t nRow = 0; nRow < list_.size(); ++nRow) {
-    const bool bSeen = sText.isEmpty() || std::any_of(columns_.begin(), columns_.end(), [&](const Column& column) {
-                         return text(nRow, column).contains(sText, Qt::CaseInsensitive);
+    const bool bSeen = sWanted.isEmpty() || std::any_of(columns_.begin(), columns_.end(), [&](const Column& column) {
+                         return text(nRow, column).contains(sWanted, Qt::CaseInsensitive);
                        });
     if (bSeen) seen_.push_back(nRow);
   }
@@ -109,7 +110,7 @@ QVariant SourceModel::data(const QModelIndex& index, int nRole) const {
   const Column& column = columns_[static_cast<std::size_t>(index.column())];
   const std::size_t nRow = seen_[static_cast<std::size_t>(index.row())];
   switch (nRole) {
-    case Qt::DisplayRole: return text(nRow, column);
+    case Qt::DisplayRole: return column.bMoney ? grouped(text(nRow, column)) : text(nRow, column);
     case Qt::TextAlignmentRole: return QVariant((column.bMoney ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
     case Qt::ForegroundRole:
       return column.bMoney && arap::NumberOf(list_.value(nRow, column.sName)) < 0 ? QVariant(negative_colour())

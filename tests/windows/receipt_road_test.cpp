@@ -74,6 +74,26 @@ TEST(ReceiptRoad, AnAmountTypedInTheGridGoesDownByEnterAndIsEnteredBeforeAComman
   EXPECT_EQ(user.shown("FAmountFor"), "2822.00");
 }
 
+TEST(ReceiptRoad, ASourceIsFoundByItsAmountAsItIsShownOrPlain) {
+  DeskUser user;
+  user.window.new_bill("receipt");
+  user.type("FCustomerID", "C001");
+  user.in_next_dialog(
+      [](QDialog& dialog) {
+        auto* pFilter = dialog.findChild<QLineEdit*>();
+        const QAbstractItemModel& sources = *dialog.findChild<QTableView*>()->model();
+        for (const char* sTyped : {"2,500.50", "2500.5"}) {
+          pFilter->setText(QString::fromLatin1(sTyped));
+          EXPECT_EQ(sources.rowCount(), 1) << sTyped;
+          EXPECT_EQ(utf8(sources.index(0, 0).data().toString()), "XSFP000002") << sTyped;
+          EXPECT_EQ(utf8(sources.index(0, 4).data().toString()), "2,500.50");
+        }
+        QTest::keyClick(&dialog, Qt::Key_Escape);
+      },
+      QStringLiteral("selection"));
+  user.command("mnuSelectBill_2000001");
+}
+
 TEST(ReceiptRoad, EscapeBringsTheFormerTextBack) {
   DeskUser user;
   user.window.new_bill("receipt");

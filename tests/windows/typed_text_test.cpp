@@ -50,6 +50,11 @@ TEST(ShownAmount, WhatIsNoAmountStaysAsItIs) {
   for (const char* sText : {"", "1002.01.03", "B10010", "12345%", "1,234.00"}) EXPECT_EQ(utf8(grouped(sText)), sText);
 }
 
+TEST(LookedFor, AnAmountAsItIsShownIsMeantPlainAndATextWithACommaStays) {
+  EXPECT_EQ(utf8(looked_for("1,234,567.50")), "1234567.50");
+  for (const char* sText : {"1200", "12,00", "a,b", "SK-1,2", ""}) EXPECT_EQ(utf8(looked_for(sText)), sText);
+}
+
 TEST(TypedAmount, WhatHasNoResultStaysAsItIs) {
   for (const char* sText : {"12+", "1/0", "=abc", "abc"}) EXPECT_EQ(complete_amount(sText), sText);
 }
