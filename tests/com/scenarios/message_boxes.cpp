@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+
 #include "bridge/wide_text.h"
 #include "frame/platform.h"
 
@@ -47,9 +49,14 @@ int icon_style(HWND box) {
   return MB_ICONERROR;
 }
 
-/// The box is in its own loop now, as when a user sits before it.
+thread_local HWND g_open_box = nullptr;
+
+/// The box is in its own loop now, as when a user sits before it. It is shown when the loop has found its queue empty;
+/// nobody answers sooner.
 void CALLBACK answer_box(HWND box, UINT, UINT_PTR nTimer, DWORD) {
+  if (!IsWindowVisible(box)) return;
   KillTimer(box, nTimer);
+  const HWND outer = std::exchange(g_open_box, box);
   int nAnswer = IDOK;
   try {
     const BoxOnScreen shown = read_box(box);
@@ -57,6 +64,7 @@ void CALLBACK answer_box(HWND box, UINT, UINT_PTR nTimer, DWORD) {
   } catch (const AutomationError& error) {
     ADD_FAILURE() << "a box without a script: " << error.description();
   }
+  g_open_box = outer;
   PostMessageW(box, WM_COMMAND, static_cast<WPARAM>(nAnswer), 0);
 }
 
@@ -81,6 +89,8 @@ void expect_icon(UINT nStyle) { g_expected_icon = static_cast<int>(nStyle & MB_I
 BoxOnScreen read_box(HWND box) {
   return {text_of(GetDlgItem(box, kTextId)), text_of(box), button_style(box) | icon_style(box)};
 }
+
+HWND open_box() { return g_open_box; }
 
 MessageBoxes::MessageBoxes() : hook_(SetWindowsHookExW(WH_CBT, on_window, nullptr, GetCurrentThreadId())) {}
 MessageBoxes::~MessageBoxes() { UnhookWindowsHookEx(hook_); }

@@ -13,6 +13,8 @@ struct BoxOnScreen {
   int nButtons = 0;  // the style that shows these buttons and this icon
 };
 BoxOnScreen read_box(HWND box);
+/// The box of this thread that the script is just asked about; null when there is none.
+HWND open_box();
 /// The icon that the next box was asked for: the 32-bit half of Wine 8 has none of the system's icons to show.
 void expect_icon(UINT nStyle);
 

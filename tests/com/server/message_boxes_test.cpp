@@ -15,7 +15,7 @@ class RealBoxes : public ::testing::Test {
  protected:
   RealBoxes() {
     session.platform.while_open = [this](const TestPlatform::Message&) {
-      const HWND box = GetActiveWindow();
+      const HWND box = open_box();
       shown.push_back(read_box(box));
       EXPECT_TRUE(IsWindowVisible(box));
     };
