@@ -1,8 +1,9 @@
 #!/usr/bin/env bash
 # Runs a Windows program of this checkout headless: tools/wine.sh x64|x86 PROGRAM ARGUMENT...; ARAP_WINE_TIMEOUT is the limit in
 # seconds (600). Ends with 77 where this bitness can't be run.
-# tools/wine.sh start|stop keeps Wine up between programs, for at most 50 minutes: a Wine that is just ending takes the next
-# program down with it, or lets it wait for minutes. `tools/wine.sh wait` waits until Wine has ended.
+# tools/wine.sh start|stop keeps Wine up between programs, for at most 50 minutes. Without it the program that comes first starts
+# Wine, and Wine keeps that program's output open as long as any other runs; and a Wine that is just ending takes the next program
+# down with it. `tools/wine.sh wait` waits until Wine has ended.
 set -euo pipefail
 root=$(cd "$(dirname "$0")/.." && pwd)
 skipped=77
@@ -23,7 +24,7 @@ case "$bits" in
     [ -p "$keep" ] || mkfifo "$keep"
     # Waits for a key that never comes.
     setsid timeout 3000 /usr/lib/wine/wine64 C:/windows/system32/cmd.exe /c pause <>"$keep" >/dev/null 2>&1 &
-    exec timeout -k 5 120 /usr/lib/wine/wine64 C:/windows/system32/cmd.exe /c ver
+    exec timeout -k 5 120 /usr/lib/wine/wine64 C:/windows/system32/cmd.exe /c ver >/dev/null 2>&1
     ;;
   stop) exec timeout -k 5 60 /usr/lib/wine/wineserver64 -k ;;
   wait) exec timeout -k 5 60 /usr/lib/wine/wineserver64 -w ;;
