@@ -76,7 +76,7 @@ int import_file(const Choices& choices, std::ostream& out, std::ostream& err) {
 
 std::string text_of_file(const std::string& sPath) {
   std::ifstream file(sPath, std::ios::binary);
-  if (!file) throw DeskError(ErrorKind::MissingFile, "can't read the scenario", sPath, "check the path");
+  if (!file) throw DeskError(ErrorKind::MissingFile, "The scenario can't be read", sPath, "Check the path");
   std::ostringstream text;
   text << file.rdbuf();
   return text.str();
@@ -97,7 +97,6 @@ int bench(const Choices& choices, std::ostream& out) {
   if (choices.bJson) {
     nlohmann::ordered_json line{{"n", times.nInvoices},
                                 {"settle_s", times.dSettleSeconds},
-                                {"cpu_s", times.dCpuSeconds},
                                 {"setup_s", times.dSetupSeconds},
                                 {"rss_mb", times.dRssMb}};
     out << line.dump() << '\n';

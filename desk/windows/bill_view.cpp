@@ -268,7 +268,7 @@ void BillView::refresh_status() {
   QStringList panels;
   for (std::int32_t nPanel = kFirstPanel; nPanel <= kLastPanel; ++nPanel) {
     const std::string sText = window_->status_panel(nPanel);
-    if (!sText.empty()) panels << qt(sText);
+    if (!sText.empty()) panels << with_grouped_amounts(qt(sText));
   }
   panels_->setText(panels.join(QStringLiteral("  ")));
   state_->setText(state_text());

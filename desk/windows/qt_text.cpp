@@ -1,6 +1,7 @@
 #include "windows/qt_text.h"
 
 #include <QRegularExpression>
+#include <QStringList>
 
 namespace desk {
 
@@ -12,6 +13,14 @@ QString grouped(QString sAmount) {
   for (qsizetype nPlace = match.capturedEnd(1) - kGroup; nPlace > match.capturedStart(1); nPlace -= kGroup)
     sAmount.insert(nPlace, QLatin1Char(','));
   return sAmount;
+}
+
+QString with_grouped_amounts(const QString& sSentence) {
+  QStringList words = sSentence.split(QLatin1Char(' '));
+  for (QString& sWord : words) {
+    if (sWord.contains(QLatin1Char('.'))) sWord = grouped(sWord);
+  }
+  return words.join(QLatin1Char(' '));
 }
 
 QString looked_for(const QString& sTyped) {

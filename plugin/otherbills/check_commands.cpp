@@ -34,7 +34,8 @@ void OtherBill::CheckBillCommand(const std::string& sBillNo, Variant& vCancel) {
 void OtherBill::UncheckBillCommand(const std::string& sBillNo, Variant& vCancel) {
   vCancel = true;
   if (!CheckAccess(kRightsSubSystem, side_.nBillClass, kRightUncheck)) return;
-  if (IsBeforePeriod(GetBillField(Bill(), "FDate"_key, kHead), GetCurrentPeriodStart())) {
+  const Variant vDate = GetBillField(Bill(), "FDate"_key, kHead);
+  if (IsBeforePeriod(vDate, GetCurrentPeriodStart())) {
     ShowMessage(FormatText("不能反审核以前期间的单据，反审核失败。"), kNotice, kTitle);
     return;
   }

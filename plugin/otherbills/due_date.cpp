@@ -66,9 +66,11 @@ void OtherBill::ComputeDueDateByTerms(std::int32_t nPartner) {
   const Date dDate = ToDate(StoredValue("FDate"_key));
   switch (LongOf(rs.Value("FType"_key))) {
     case kFixedDays: return WriteDueDate(DateAdd("d", ToLong(rs.Value("FStandDays"_key)), dDate));
-    case kMonthlyPayDay:
-      return WriteDueDate(
-          GetMonthlyPayDate(dDate, ToInteger(rs.Value("FMonthPayDay"_key)), ToInteger(rs.Value("FBeforeDays"_key))));
+    case kMonthlyPayDay: {
+      const std::int16_t nPayDay = ToInteger(rs.Value("FMonthPayDay"_key));
+      const std::int16_t nBeforeDays = ToInteger(rs.Value("FBeforeDays"_key));
+      return WriteDueDate(GetMonthlyPayDate(dDate, nPayDay, nBeforeDays));
+    }
     default: return;
   }
 }

@@ -104,9 +104,8 @@ void OtherBill::m_BillInterface_HeadCtlLostFocus(const FieldInfo& oField) {
   ResumeNext([&] { sFieldName = UpperCase(Concat(oField.GetValue("FFieldName"_key, ""_key))); });
   if (sFieldName != UpperCase(side_.sPartner)) return;
 
-  std::string sCode;
-  ResumeNext([&] { sCode = CodeOfPartner(); });
   ResumeNext([&] {
+    const std::string sCode = CodeOfPartner();
     if (sCode.empty()) return ClearCreditStatus();
     Bill().SetStatusPanel(kCreditPanel, GetCreditText(sCode, LongOf(oField.Value("FClassTypeID"_key))));
   });

@@ -29,8 +29,9 @@ void OtherBill::SumEntryAmounts() {
     dSum += GetBillNumber(Bill(), "FBillAmountFor"_key, nRow);
   }
   // An immediate bill is settled when it is made; the amounts in base currency are left to the template's formulas.
+  const double dSettled = IsImmediateBill() ? dSum : 0.0;
   SetBillField(Bill(), "FAmountFor"_key, kHead, dSum, true);
-  SetBillField(Bill(), "FCheckAmountFor"_key, kHead, IsImmediateBill() ? dSum : 0.0, true);
+  SetBillField(Bill(), "FCheckAmountFor"_key, kHead, dSettled, true);
 }
 
 void OtherBill::SetAmountScale(Key sKey, std::int16_t nDecimals, bool bBody) {

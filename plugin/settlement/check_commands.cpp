@@ -34,7 +34,8 @@ void SettlementBill::CheckBillCommand(const Tool&, Variant& vCancel) {
 
 /// A bill of an earlier period stays checked; the first day of the current one passes.
 bool SettlementBill::IsBeforeCurrentPeriod() const {
-  return IsBeforePeriod(GetBillField(Bill(), "FDate"_key, kHead), GetCurrentPeriodStart());
+  const Variant vDate = GetBillField(Bill(), "FDate"_key, kHead);
+  return IsBeforePeriod(vDate, GetCurrentPeriodStart());
 }
 
 /// Nothing is saved first, and status and write-offs are the service's to judge. The reload brings the locks back.

@@ -15,7 +15,7 @@ Ref<TestBar> TestBar::of_bill_window() {
        {"mnuEditModify", "mnuEditDelete", "mnuEditCopy", "mnuEditCheck", "mnuEditChange", "mnuEditAddRow",
         "mnuEditDelRow", "mnuCopyRow", "mnuBatchFillField", "mnuEditRedBill", "mnuEditBlueBill"}},
       {"mnuData",
-       {"mnuDataLookUp", "mnuSelectBill", "mnuCalculate", "mnuCaculate", "mnuDataAccessory", "mnuStockQuery",
+       {"mnuStockQuery", "mnuDataLookUp", "mnuSelectBill", "mnuCalculate", "mnuCaculate", "mnuDataAccessory",
         "mnuDataPre", "mnuDataNext"}},
       {"mnuFormat", {"mnuFormatBack"}},
       {"mnuOption", {"mnuOptionLinkBill", "mnuFormatIndentity", "mnuOptionBatchFull"}},

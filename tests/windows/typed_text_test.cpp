@@ -50,6 +50,11 @@ TEST(ShownAmount, WhatIsNoAmountStaysAsItIs) {
   for (const char* sText : {"", "1002.01.03", "B10010", "12345%", "1,234.00"}) EXPECT_EQ(utf8(grouped(sText)), sText);
 }
 
+TEST(ShownAmount, ASentenceHasItsAmountsInGroupsAndItsOtherWordsAsTheyAre) {
+  EXPECT_EQ(utf8(with_grouped_amounts(qt("应收余额 -11400.00  信用额度 50000.00  审核人：20261"))),
+            "应收余额 -11,400.00  信用额度 50,000.00  审核人：20261");
+}
+
 TEST(LookedFor, AnAmountAsItIsShownIsMeantPlainAndATextWithACommaStays) {
   EXPECT_EQ(utf8(looked_for("1,234,567.50")), "1234567.50");
   for (const char* sText : {"1200", "12,00", "a,b", "SK-1,2", ""}) EXPECT_EQ(utf8(looked_for(sText)), sText);

@@ -79,12 +79,14 @@ TEST_P(OtherEditEvents, AFailedCreditQuestionLeavesThePanelAndReachesNobody) {
 
 TEST_P(OtherEditEvents, WhateverHostCallFailsLeavingAFieldRaisesNothing) {
   use_credit();
+  answer_credit("额度 500");
   partner_info()->set("FClassTypeID", 1000205);
   const int nFaults = FailEachCall([this](const std::function<void()>& arm) {
     arm();
     EXPECT_NO_THROW(leave_partner());
   });
   EXPECT_GT(nFaults, 3);
+  EXPECT_FALSE(trace().has("SetStatusPanel(5, \"\")")) << "the partner is there, if only it could be read";
 }
 
 }  // namespace

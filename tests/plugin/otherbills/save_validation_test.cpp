@@ -41,6 +41,15 @@ TEST_P(OtherSave, AnEmptyAnswerAboutTheNumberPasses) {
   EXPECT_FALSE(bill->save());
 }
 
+TEST_P(OtherSave, AnAnswerAboutTheNumberThatCountsNoBillsPasses) {
+  const auto oBills = make_object<ServerStub>("Recordset");
+  oBills->answers(Member::Eof, false).answers(Member::RecordCount, 0);
+  number_service().answers(side.numberQuery, Ref<Object>(oBills));
+  EXPECT_FALSE(bill->save());
+  oBills->answers(Member::RecordCount, 1);
+  EXPECT_TRUE(bill->save());
+}
+
 TEST_P(OtherSave, AnImmediateBillNeedsNoPartnerACreditBillDoes) {
   bill->head(side.sPartner, 0);
   EXPECT_FALSE(bill->save());
