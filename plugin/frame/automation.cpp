@@ -44,6 +44,8 @@ std::optional<Name> find_name(const std::array<std::string_view, N>& names, std:
 
 }  // namespace
 
+void raise_object_not_set() { throw AutomationError(ErrorNumber::ObjectNotSet); }
+
 AutomationError::AutomationError(ErrorNumber number, std::string_view sDetail)
     : AutomationError(static_cast<std::int32_t>(number), "NUVARAPBillInterface",
                       with_detail(description_of(number), sDetail)) {}

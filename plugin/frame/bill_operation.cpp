@@ -84,7 +84,7 @@ CheckAnswer AskCheckBill(std::string_view sService, std::int32_t nInterID, Check
   const Ref<Object> oService = CreateServerObject(sService);
   std::array<Variant, 4> args{GetPropsString(), nInterID, static_cast<std::int32_t>(flag), ""_key};
   const std::int32_t nResult = LongOf(oService->invoke(Member::CheckBill, Access::Call, args));
-  return {nResult, Concat(args[3])};
+  return {nResult, Concat(args[3]), oService};
 }
 
 bool IsBeforePeriod(const Variant& vBillDate, std::string_view sPeriodStart) {

@@ -39,6 +39,7 @@ enum class CheckFlag : std::int32_t { Uncheck = 0, Check = 1 };
 struct CheckAnswer {
   std::int32_t nResult;
   std::string sMessage;
+  Ref<Object> oService;  // lives as long as the handler that asked
 
   /// 1 is the service's only answer that means failure.
   bool Failed() const { return nResult == 1; }

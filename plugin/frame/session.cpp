@@ -76,7 +76,8 @@ bool CheckBillDate(const BillEvent& oBill) {
   // An error answers what the result stands at.
   ResumeNext([&] {
     const std::string sBillDate = Concat(GetBillField(oBill, "FDate"_key, kHead));
-    if (!IsLaterDay(StartOfPeriodInUse(), ToDate(sBillDate))) return;
+    const Date dStart = StartOfPeriodInUse();
+    if (!IsLaterDay(dStart, ToDate(sBillDate))) return;
     bValid = false;
     ShowMessage(FormatText("不能保存业务系统当前使用期间之前的单据,请修改单据日期。"), kWarning, kTitle);
   });

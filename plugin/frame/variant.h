@@ -14,7 +14,11 @@ namespace arap {
 
 class Object;
 
-/// Intrusive reference to an Object (or a class derived from it); one pointer wide, single-threaded.
+/// Raises 91.
+[[noreturn]] void raise_object_not_set();
+
+/// Intrusive reference to an Object (or a class derived from it); one pointer wide, single-threaded. A member of
+/// Nothing is an Automation error: going through an empty reference raises 91.
 template <class T>
 class Ref {
  public:
@@ -37,8 +41,11 @@ class Ref {
   }
 
   T* get() const noexcept { return object_; }
-  T* operator->() const noexcept { return object_; }
-  T& operator*() const noexcept { return *object_; }
+  T* operator->() const {
+    if (object_ == nullptr) raise_object_not_set();
+    return object_;
+  }
+  T& operator*() const { return *operator->(); }
   explicit operator bool() const noexcept { return object_ != nullptr; }
   friend bool operator==(const Ref& a, const Ref& b) noexcept { return a.object_ == b.object_; }
 

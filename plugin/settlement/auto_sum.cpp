@@ -14,10 +14,11 @@ struct BodySum {
   bool bRowFound = false;
 };
 
-/// The head's currency, rate and decimals while the sum is written.
+/// The head's currency and rate, the rows to add up, and the decimals while the sum is written.
 struct SumHead {
   double dRate;
   std::int32_t nCurrency;
+  std::int32_t nRows;
   int nDecimalsFor;
   int nDecimalsBase;
 };
@@ -28,7 +29,7 @@ class Summing {
   Summing(const BillEvent& oBill, const SettlementSide& side) : oBill_(oBill), side_(side) {}
 
   SumHead ReadHead() const;
-  BodySum SumOfBody(const SumHead& head, std::int32_t nRows) const;
+  BodySum SumOfBody(const SumHead& head) const;
   void WriteHead(const SumHead& head, const BodySum& sum) const;
 
  private:
@@ -63,9 +64,9 @@ void Summing::AddRow(std::int32_t nRow, const SumHead& head, BodySum& sum) const
   }
 }
 
-BodySum Summing::SumOfBody(const SumHead& head, std::int32_t nRows) const {
+BodySum Summing::SumOfBody(const SumHead& head) const {
   BodySum sum;
-  for (std::int32_t nRow = 1; nRow <= nRows; ++nRow) {
+  for (std::int32_t nRow = 1; nRow <= head.nRows; ++nRow) {
     if (GetBillLong(oBill_, "FInterId"_key, nRow) > 0) AddRow(nRow, head, sum);
     // Required: the first row's currency, read with every row, with a source or without.
     if (side_.sumCurrency == SumCurrency::FirstRow) sum.nCurrency = GetBillLong(oBill_, "FBillCurrencyId"_key, 1);
@@ -76,9 +77,10 @@ BodySum Summing::SumOfBody(const SumHead& head, std::int32_t nRows) const {
 SumHead Summing::ReadHead() const {
   const double dRate = GetBillNumber(oBill_, "FExchangeRate"_key, kHead);
   const std::int32_t nCurrency = GetBillLong(oBill_, "FCurrencyId"_key, kHead);
+  const std::int32_t nRows = GetEntryRowCount(oBill_, 1, false);
   const int nDecimalsFor = GetGLData().GetCurrency(nCurrency).ScaleX();
   const int nDecimalsBase = GetGLData().GetCurrency(kBaseCurrency).ScaleX();
-  return {dRate, nCurrency, nDecimalsFor, nDecimalsBase};
+  return {dRate, nCurrency, nRows, nDecimalsFor, nDecimalsBase};
 }
 
 double Summing::Discount() const { return GetBillNumber(oBill_, "FDiscount"_key, kHead); }
@@ -148,7 +150,7 @@ void SettlementBill::AutoSum() {
     if (!CheckBodyCurrencies()) return;
     const Summing summing(oBill, side_);
     const SumHead head = summing.ReadHead();
-    const BodySum sum = summing.SumOfBody(head, GetEntryRowCount(oBill, 1, false));
+    const BodySum sum = summing.SumOfBody(head);
     if (!sum.bRowFound) {
       ShowMessage(LoadText(side_.sNoSourceRow), kNotice, kTitle);
       return;

@@ -38,7 +38,7 @@ Variant clsPayBill::CollectPartialRefunds() {
   ResumeNext([this] {
     m_sRefundID.clear();
     m_vctRefunds = make_object<Collection>();
-    const std::int32_t nRows = GetEntryRowCount(Bill(), 1, true);
+    const std::int32_t nRows = GetEntryRowCount(Bill(), 1, false);
     for (std::int32_t nRow = 1; nRow <= nRows; ++nRow) CollectPartialRefund(nRow);
     // Written for a list that ends in a comma, it takes the last digit of the id; required.
     if (!m_sRefundID.empty()) m_sRefundID.pop_back();
