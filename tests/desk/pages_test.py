@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""What docs/scenarios.md and docs/desk.md say of the command line, tried on the program; the example of a scenario is played."""
+"""What README.md, docs/scenarios.md and docs/desk.md say of the command line, tried on the program."""
 
 import re
 import subprocess
@@ -10,6 +10,7 @@ from pathlib import Path
 
 ROOT = Path(__file__).resolve().parents[2]
 SCENARIOS = (ROOT / "docs" / "scenarios.md").read_text(encoding="utf-8")
+README = (ROOT / "README.md").read_text(encoding="utf-8")
 DESK_PAGE = (ROOT / "docs" / "desk.md").read_text(encoding="utf-8")
 DESK = Path(sys.argv.pop(1)).resolve()  # the built program
 
@@ -50,6 +51,18 @@ class Pages(unittest.TestCase):
             options = options_of(command, "settle") if command == "bench" else options_of(command)
             self.assertEqual("--wait" in options, f"`{command}`" in waiting, command)
             self.assertEqual(set(re.findall(r"`(--\w+)", row)), options - {"--wait"}, command)
+
+    def test_the_mapping_of_the_readme_is_taken(self):
+        mapping = re.search(r"--map (\S+)", README)[1]
+        names = dict(pair.split("=") for pair in mapping.split(","))
+        header = [names.get(key, key) for key in ("number", "customer", "date", "duedate", "amount")]
+        with tempfile.TemporaryDirectory() as folder:
+            lines = ",".join(header) + "\nA-1,North,2026-11-02,12/2/2026,120.50\n"
+            (Path(folder) / "invoices.csv").write_text(lines, encoding="utf-8")
+            desk("new", "a.book", folder=folder)
+            told = desk("import", "a.book", "invoices.csv", "--map", mapping, folder=folder)
+        self.assertEqual(told.returncode, 0, told.stderr)
+        self.assertIn("imported 1 invoices, total 120.50, 1 new customers", told.stdout)
 
     def test_the_exit_codes_are_as_told(self):
         with tempfile.TemporaryDirectory() as folder:
