@@ -65,6 +65,17 @@ TEST_F(FailureTest, ResumeNextSkipsOnlyTheStatementThatFails) {
   EXPECT_TRUE(platform.messages.empty());
 }
 
+TEST_F(FailureTest, AMemberOfNothingIsAnErrorLikeAnyOther) {
+  const Ref<Object> oNothing;
+  try {
+    oNothing->get(Member::Count);
+    FAIL() << "Nothing has no members";
+  } catch (const AutomationError& error) {
+    EXPECT_EQ(error.number(), 91);
+  }
+  EXPECT_FALSE(TrapAndShow([&] { Variant(oNothing).object()->call(Member::Show); }));
+}
+
 TEST_F(FailureTest, NoPatternHidesAnErrorOfAnotherKind) {
   EXPECT_THROW(ResumeNext([] { throw std::bad_alloc(); }), std::bad_alloc);
   EXPECT_THROW(TrapAndShow([] { throw std::bad_alloc(); }), std::bad_alloc);

@@ -65,5 +65,11 @@ TEST_P(ListBarsOfBills, ALackingToolIsSkippedOnTheBarOfASelectionToo) {
   expect_only_the_missing_is_skipped();
 }
 
+TEST_P(ListBarsOfBills, AListWithoutAWindowGetsItsBar) {
+  const Lines aFull = set_up();
+  list->form = nullptr;
+  EXPECT_EQ(set_up(), aFull);
+}
+
 }  // namespace
 }  // namespace arap::testing

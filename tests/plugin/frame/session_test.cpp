@@ -143,7 +143,10 @@ TEST_F(SessionTest, PeriodThatCanNotBeReadRefusesNoBill) {
   EXPECT_TRUE(session.platform.messages.empty());
 }
 
-TEST_F(SessionTest, BillWithoutADateIsNotRefused) { EXPECT_TRUE(DateIsAccepted("")); }
+TEST_F(SessionTest, BillWithoutADateIsNotRefusedThoughThePeriodIsAsked) {
+  EXPECT_TRUE(DateIsAccepted(""));
+  EXPECT_EQ(session.server("NUVMCaculate.CommonSearch").count(Member::GetDateExt), 1u);
+}
 
 TEST_F(SessionTest, CurrentPeriodIsReadByOneBatch) {
   session.system_data.answer("declare @Per int", recordset({"FStartDate", "FEndDate"}, {{" 2024-3-1 ", "2024-03-31"}}));

@@ -79,6 +79,15 @@ TEST_P(CheckUncheck, TheTraceOfAnUncheckIsApproved) {
   expect_golden("uncheck");
 }
 
+TEST_P(CheckUncheck, AnUncheckReadsTheBillsDateAheadOfThePeriod) {
+  trace().set_detail(Trace::Detail::All);
+  bill->click("mnuEditUnCheck");
+  const std::vector<std::string> aLines = trace().lines_with_any({"FDate", "ExecuteSQL("});
+  ASSERT_GE(aLines.size(), 2u);
+  EXPECT_NE(aLines.front().find("FDate"), std::string::npos) << aLines.front();
+  EXPECT_NE(aLines.back().find("ExecuteSQL("), std::string::npos) << aLines.back();
+}
+
 TEST_P(CheckUncheck, ABillThatWasNeverSavedIsntChecked) {
   bill->head("FBillId", 0);
   EXPECT_TRUE(bill->click("mnuEditCheck"));

@@ -305,6 +305,17 @@ TEST_P(FieldChanges, AnAccountInTheHeadsCurrencyOrAnUnknownOneChangesNothing) {
   EXPECT_FALSE(trace().has("SetFieldValue("));
 }
 
+TEST_P(FieldChanges, AnAccountInBaseCurrencyEntersTheBaseCurrencysCodeUnlessTheHeadHasIt) {
+  bill->sql.answer("Select  a.FCurrencyID", recordset({"a", "b"}, {{std::int32_t{1}, "CNY"}}));
+  bill->sql.answer("Select  b.FNumber from t_currency b where b.FCurrencyID=1", recordset({"FNumber"}, {{"RMB"}}));
+  use_currency(1, "RMB");
+  change("FAcctID", std::int32_t{78});
+  EXPECT_FALSE(trace().has("SetFieldValue("));
+  use_currency(2, "USD");
+  change("FAcctID", std::int32_t{79});
+  EXPECT_TRUE(trace().has("SetFieldValue(\"FCurrencyId\", \"RMB\", -1)"));
+}
+
 TEST_P(FieldChanges, TheAccountsCurrencyIsComparedByItsCode) {
   bill->sql.answer("Select  a.FCurrencyID", recordset({"a", "b"}, {{std::int32_t{2}, "US"}}));
   use_currency(2, "USD");

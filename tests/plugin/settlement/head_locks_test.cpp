@@ -29,6 +29,9 @@ TEST_P(HeadLocks, AnotherTypeLeavesTheReceiptsCommandsAsTheyStood) {
   choose_type(1077);
   EXPECT_EQ(source_command(side.sSelectTool), !receive());
   EXPECT_EQ(source_command("mnuFileNeedFilter"), !receive());
+  choose_type(side.nOrdinaryType);
+  choose_type(1077);
+  for (const char* sTool : source_commands()) EXPECT_TRUE(source_command(sTool)) << sTool;
 }
 
 TEST_P(HeadLocks, OnlyThePaymentFreesTheRowFieldsAfterAnAdvance) {

@@ -99,6 +99,14 @@ TEST_P(PartialRefund, TheBillsNumberShowsOnlyItsLeadingDigits) {
   EXPECT_EQ(session.platform.last_message(), "您是否需要对第2行，单据编号为2024的付款单进行部分退款？");
 }
 
+TEST_P(PartialRefund, OneRowIsLeftOutForEachEmptyRowBeforeTheLast) {
+  bill->add_row();
+  refund(77, 60);
+  sources(77, {{1000003, 41}});
+  pay().CollectPartialRefunds();
+  EXPECT_EQ(pay().Refunds()->Count(), 0) << "one row is used, and the first is looked at";
+}
+
 TEST_P(PartialRefund, AYesKeepsTheIdLessItsLastDigitAndTheRow) {
   const int nRow = refund(778, 60);
   pay().CollectPartialRefunds();

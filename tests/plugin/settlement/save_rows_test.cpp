@@ -178,6 +178,14 @@ TEST_P(SaveRows, AMixWithinABaseHeadIsFoundByTheRowTestOfTheReceipt) {
                             "只能对同一种币别付款,请重新设置!"));
 }
 
+TEST_P(SaveRows, TheFirstRowsCurrencyCountsEvenWithoutASource) {
+  add({.nInterID = 0, .nCurrencyID = 2, .dRate = 7});
+  add({.nInterID = 2, .dOpenFor = 10, .dSettleFor = 10});
+  set_amounts(*bill, GetParam(), 10, 10);
+  expect_refusal(pick("收款单不支持对多币别应收款单据收款,第2行币别与第一行不是同币别，不允许保存。",
+                      "付款单不支持对多币别应付款单据付款,第2行币别与第一行不是同币别，不允许保存。"));
+}
+
 TEST_P(SaveRows, AForeignRowOfAThirdCurrencyIsRefusedWhereTheFirstTestLetItPass) {
   use_currency(2);
   add({.nInterID = 1, .dOpenFor = 10, .dSettleFor = 10, .nCurrencyID = 2, .dRate = 7});
@@ -230,6 +238,13 @@ TEST_P(SaveRows, ADifferenceBeyondTheTenthDecimalIsNone) {
   add({.nInterID = 1, .dOpenFor = 60, .dSettleFor = 60});
   set_amounts(*bill, GetParam(), 60.00000000001, 60.00000000001);
   expect_saved();
+}
+
+TEST_P(SaveRows, ADifferenceInTheTenthDecimalIsOne) {
+  add({.nInterID = 1, .dOpenFor = 60, .dSettleFor = 60});
+  set_amounts(*bill, GetParam(), 60.0000000001, 60.0000000001);
+  expect_refusal(pick("收款单单据头的收款金额与单据体的本次核销金额总和不相等，不允许保存。",
+                      "付款单单据头的付款金额与单据体的本次核销金额总和不相等，不允许保存。"));
 }
 
 TEST_P(SaveRows, RowsAreRoundedToTwoDecimalsBeforeTheyAreSummed) {
