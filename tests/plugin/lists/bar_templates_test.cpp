@@ -95,7 +95,7 @@ TEST_F(BarTemplates, AFailedLoadIsTriedAgainAtTheNextReference) {
   EXPECT_EQ(LoadedFrmBar().abReport.Tools("Voucher").sToolTip, "查看凭证");
 }
 
-TEST_F(BarTemplates, TheFormGoesWithTheLastObjectOfTheThread) {
+TEST_F(BarTemplates, AFormThatWasTakenAwayIsLoadedAnew) {
   EXPECT_EQ(LoadedFrmBar().type_name(), "frmBar");
   const Ref<Object> oForm = Module().oFrmBar;
   Module().oFrmBar = nullptr;
