@@ -53,13 +53,22 @@ int new_book(const Choices& choices, std::ostream& out) {
   return kExitDone;
 }
 
+[[noreturn]] void refuse_import_key(const std::string& sKey) {
+  std::string sKeys;
+  for (const std::string_view sKnown : import_keys()) sKeys.append(sKeys.empty() ? "" : ", ").append(sKnown);
+  throw CLI::ValidationError("--map", "\"" + sKey + "\" is none of " + sKeys);
+}
+
 ImportMapping mapping_of(const std::vector<std::string>& pairs) {
+  const auto aKeys = import_keys();
   ImportMapping mapping;
   for (const std::string& sPair : pairs) {
     const std::size_t nEquals = sPair.find('=');
     if (nEquals == std::string::npos || nEquals == 0 || nEquals + 1 == sPair.size())
       throw CLI::ValidationError("--map", "write what the column holds and its header: --map number=InvoiceNo");
-    mapping[sPair.substr(0, nEquals)] = sPair.substr(nEquals + 1);
+    const std::string sKey = sPair.substr(0, nEquals);
+    if (std::ranges::find(aKeys, sKey) == aKeys.end()) refuse_import_key(sKey);
+    mapping[sKey] = sPair.substr(nEquals + 1);
   }
   return mapping;
 }

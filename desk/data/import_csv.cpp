@@ -157,6 +157,12 @@ class Importer {
 
 }  // namespace
 
+std::array<std::string_view, 5> import_keys() {
+  std::array<std::string_view, kFieldCount> aKeys;
+  std::ranges::transform(kSynonyms, aKeys.begin(), &Synonyms::sKey);
+  return aKeys;
+}
+
 ImportResult import_invoices_text(Database& database, std::string_view sCsv, const std::string& sName,
                                   const ImportMapping& mapping) {
   const std::vector<CsvLine> lines = read_csv(sCsv, sName);

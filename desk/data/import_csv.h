@@ -1,7 +1,9 @@
 #pragma once
 
+#include <array>
 #include <map>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "data/database.h"
@@ -24,6 +26,8 @@ struct ImportResult {
 
 /// Keys "number", "customer", "date", "duedate", "amount" to the column's header in the file.
 using ImportMapping = std::map<std::string, std::string>;
+/// These keys, in this order.
+std::array<std::string_view, 5> import_keys();
 
 /// Imports open sales invoices in base currency, all in one transaction. Columns are found by their header (without
 /// regard to case and blanks). Bad lines are reported and stop nothing else. Raises DeskError for a file that can't be

@@ -69,6 +69,15 @@ TEST_F(CommandLine, AnImportAddsInvoicesAndNamesBadLines) {
   EXPECT_EQ(run({"import", book(), sFile, "--map", "number"}), kExitUsage);
 }
 
+TEST_F(CommandLine, AMappingOfSomethingThatNoInvoiceHasIsRefusedAndNamesWhatItHas) {
+  make_demo();
+  std::ofstream(path("in.csv")) << "number,customer,date,duedate,amount\nN1,NEW1,2026-11-02,2026-12-02,12.50\n";
+  EXPECT_EQ(run({"import", book(), path("in.csv"), "--map", "number=number,partner=customer"}), kExitUsage);
+  EXPECT_NE(err.find("\"partner\" is none of number, customer, date, duedate, amount"), std::string::npos) << err;
+  EXPECT_EQ(out, "") << "nothing is imported";
+  EXPECT_EQ(run({"import", book(), path("in.csv"), "--map", "number=number,customer=customer"}), kExitDone) << err;
+}
+
 class Road : public CommandLine, public ::testing::WithParamInterface<const char*> {};
 INSTANTIATE_TEST_SUITE_P(Sides, Road,
                          ::testing::Values("receipt_road.txt", "payment_road.txt", "other_receivable.txt",
