@@ -271,15 +271,8 @@ TEST(Paper, AListIsPreviewedAsItIsInView) {
   BillListView& list = user.list(kPaymentTables);
   list.refresh();
   list.lines().filter().setText(QStringLiteral("b1002"));
-  bool bSeen = false;
-  user.in_next_dialog(
-      [&](QDialog& dialog) {
-        bSeen = true;
-        QTest::keyClick(&dialog, Qt::Key_Escape);
-      },
-      QStringLiteral("preview"));
+  user.in_next_dialog([](QDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); }, QStringLiteral("preview"));
   list.press("mnuFilePreview");
-  EXPECT_TRUE(bSeen);
   const std::string sHtml = utf8(list.html());
   EXPECT_NE(sHtml.find("<h2 align=\"center\">付款单</h2><p>共2行</p>"), std::string::npos) << sHtml;
   EXPECT_NE(sHtml.find("<th align=\"left\">单据编号</th>"), std::string::npos) << sHtml;
@@ -289,21 +282,15 @@ TEST(Paper, AListIsPreviewedAsItIsInView) {
 
 TEST(Paper, AListGoesToTheDialogOfThePrinters) {
   DeskUser user;
-  bool bSeen = false;
-  user.in_next_dialog(
-      [&](QDialog& dialog) {
-        bSeen = true;
-        QTest::keyClick(&dialog, Qt::Key_Escape);
-      },
-      QStringLiteral("print"));
+  user.in_next_dialog([](QDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); }, QStringLiteral("print"));
   user.list(kReceiptTables).table().setFocus();
   user.key(Qt::Key_P, Qt::ControlModifier);
-  EXPECT_TRUE(bSeen);
 }
 
 TEST(Paper, EveryRoomBecomesAPdf) {
   DeskUser user;
   QTemporaryDir folder;
+  ASSERT_EQ(user.window.room_count(), static_cast<int>(rooms().size()));
   for (int nRoom = 0; nRoom < user.window.room_count(); ++nRoom) {
     user.window.show_room(nRoom);
     ASSERT_NE(user.window.current_room(), nullptr) << nRoom;

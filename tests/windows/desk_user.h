@@ -32,6 +32,7 @@ class DeskUser {
     QObject::connect(&watch_, &QTimer::timeout, &window, [this] { close_what_nobody_answers(); });
     watch_.start(5000);
   }
+  ~DeskUser() { EXPECT_EQ(awaited_, 0) << "boxes and dialogs that were to be answered never came"; }
 
   static constexpr const char* kToday = "2026-11-15";
 
@@ -87,23 +88,13 @@ class DeskUser {
 
   /// The next box is answered by this key; its text is kept.
   void answer_next_box(Qt::Key answer = Qt::Key_Return) {
-    QTimer::singleShot(0, &window, [this, answer] {
-      auto* pBox = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-      if (pBox == nullptr || pBox == answered_) return answer_next_box(answer);
-      answered_ = pBox;  // a key for a button takes a moment until the box goes
-      boxes.push_back(utf8(pBox->text()));
-      QTest::keyClick(pBox, answer);
-    });
+    ++awaited_;
+    wait_for_box(answer);
   }
   /// Does this in the next dialog that opens; in the next one of that name, where one is given.
   void in_next_dialog(std::function<void(QDialog&)> work, const QString& sName = {}) {
-    QTimer::singleShot(0, &window, [this, sName, work = std::move(work)] {
-      auto* pDialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-      const bool bMeant =
-          pDialog != nullptr && pDialog->isVisible() && (sName.isEmpty() || pDialog->objectName() == sName);
-      if (!bMeant) return in_next_dialog(work, sName);
-      work(*pDialog);
-    });
+    ++awaited_;
+    wait_for_dialog(std::move(work), sName);
   }
   /// Takes all open bills that the next selection offers.
   void take_all_in_next_selection() {
@@ -146,6 +137,26 @@ class DeskUser {
   MainWindow window;
 
  private:
+  void wait_for_box(Qt::Key answer) {
+    QTimer::singleShot(0, &window, [this, answer] {
+      auto* pBox = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+      if (pBox == nullptr || pBox == answered_) return wait_for_box(answer);
+      --awaited_;
+      answered_ = pBox;  // a key for a button takes a moment until the box goes
+      boxes.push_back(utf8(pBox->text()));
+      QTest::keyClick(pBox, answer);
+    });
+  }
+  void wait_for_dialog(std::function<void(QDialog&)> work, const QString& sName) {
+    QTimer::singleShot(0, &window, [this, sName, work = std::move(work)] {
+      auto* pDialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+      const bool bMeant =
+          pDialog != nullptr && pDialog->isVisible() && (sName.isEmpty() || pDialog->objectName() == sName);
+      if (!bMeant) return wait_for_dialog(work, sName);
+      --awaited_;
+      work(*pDialog);
+    });
+  }
   /// A box that a test doesn't expect would hold it up for ever.
   void close_what_nobody_answers() {
     QPointer<QWidget> now = QApplication::activeModalWidget();
@@ -160,6 +171,7 @@ class DeskUser {
     return book.database->query("SELECT FName FROM t_User ORDER BY FUserID LIMIT 1").text(0, "FName");
   }
 
+  int awaited_ = 0;  // boxes and dialogs that haven't come yet
   QTimer watch_;
   QPointer<QWidget> seen_waiting_;
   QPointer<QMessageBox> answered_;
