@@ -9,6 +9,17 @@
 namespace desk {
 namespace {
 
+/// The columns of the tables that are declared with this type.
+std::vector<std::string> columns_of_type(std::string_view sType) {
+  const std::string sScript(table_script());
+  std::vector<std::string> aColumns;
+  for (std::size_t i = 0; (i = sScript.find(sType, i)) != std::string::npos; ++i) {
+    const std::size_t nStart = sScript.find_last_of(" (\n", i - 1) + 1;
+    aColumns.push_back(sScript.substr(nStart, i - nStart));
+  }
+  return aColumns;
+}
+
 TEST(MoneyTest, ADoubleIsTakenAsTheDecimalItWasWrittenAs) {
   EXPECT_EQ(Money::from_double(0.1).units, 1000);
   EXPECT_EQ(Money::from_double(155658.78).units, 1556587800);
@@ -58,16 +69,14 @@ TEST(MoneyTest, TheTextHasAtLeastTheDecimalsAskedFor) {
 }
 
 TEST(MoneyTest, EveryMoneyColumnOfTheTablesIsInTheCatalogueAndNoOther) {
-  std::string sScript(table_script());
-  for (std::size_t i = 0; (i = sScript.find(" BIGINT", i)) != std::string::npos; ++i) {
-    const std::size_t nStart = sScript.find_last_of(" (\n", i - 1) + 1;
-    EXPECT_TRUE(is_money_column(sScript.substr(nStart, i - nStart))) << sScript.substr(nStart, i - nStart);
+  const std::vector<std::string> aMoney = columns_of_type(" BIGINT");
+  EXPECT_GT(aMoney.size(), 30u);
+  for (const std::string& sColumn : aMoney) EXPECT_TRUE(is_money_column(sColumn)) << sColumn;
+  for (const std::string_view sType : {" INTEGER", " TEXT", " DOUBLE"}) {
+    const std::vector<std::string> aOther = columns_of_type(sType);
+    EXPECT_FALSE(aOther.empty()) << sType;
+    for (const std::string& sColumn : aOther) EXPECT_FALSE(is_money_column(sColumn)) << sColumn;
   }
-  for (const std::string_view sType : {" INTEGER", " TEXT", " DOUBLE"})
-    for (std::size_t i = 0; (i = sScript.find(sType, i)) != std::string::npos; ++i) {
-      const std::size_t nStart = sScript.find_last_of(" (\n", i - 1) + 1;
-      EXPECT_FALSE(is_money_column(sScript.substr(nStart, i - nStart))) << sScript.substr(nStart, i - nStart);
-    }
 }
 
 }  // namespace
