@@ -15,6 +15,7 @@
 #include "windows/calculator.h"
 #include "windows/captions.h"
 #include "windows/focus_keeper.h"
+#include "windows/pointer_shape.h"
 #include "windows/print_bill.h"
 #include "windows/printing.h"
 #include "windows/qt_text.h"
@@ -248,10 +249,8 @@ bool BillView::may_close() {
 
 std::vector<std::size_t> BillView::choose_sources(const SourceList& list) {
   const FocusKeeper focus;
-  QApplication::setOverrideCursor(Qt::ArrowCursor);
-  const auto chosen = SelectionDialog(list, currency_names(seat_.database()), this).choose();
-  QApplication::restoreOverrideCursor();
-  return chosen;
+  const PointerShape pointer(Qt::ArrowCursor);
+  return SelectionDialog(list, currency_names(seat_.database()), this).choose();
 }
 
 void BillView::refresh() {

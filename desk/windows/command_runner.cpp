@@ -1,6 +1,8 @@
 #include "windows/command_runner.h"
 
-#include <QApplication>
+#include <QScopeGuard>
+
+#include "windows/pointer_shape.h"
 
 namespace desk {
 
@@ -22,12 +24,13 @@ std::optional<Outcome> CommandRunner::run(const QString& sName, const std::funct
   if (running_) return std::nullopt;
   running_ = true;
   log_.begin(sName);
-  QApplication::setOverrideCursor(Qt::WaitCursor);
-  const Outcome outcome = outcome_of(work);
-  QApplication::restoreOverrideCursor();
-  log_.end();
-  running_ = false;
-  return outcome;
+  // However the work ends, the next command runs and is an entry of its own.
+  const auto ended = qScopeGuard([this] {
+    log_.end();
+    running_ = false;
+  });
+  const PointerShape wait(Qt::WaitCursor);
+  return outcome_of(work);
 }
 
 }  // namespace desk

@@ -9,7 +9,7 @@
 namespace desk {
 
 /// Runs the commands of one view, one at a time and as one entry of the log each. What goes wrong comes back as a
-/// refusal with its reason.
+/// refusal with its reason; an exception that is neither the door's nor the desk's goes on to the caller.
 class CommandRunner {
  public:
   explicit CommandRunner(CommandLog& log) : log_(log) {}

@@ -14,6 +14,7 @@
 
 #include "windows/inspector.h"
 #include "windows/message_box.h"
+#include "windows/pointer_shape.h"
 #include "windows/print_bill.h"
 #include "windows/printing.h"
 #include "windows/qt_text.h"
@@ -32,11 +33,9 @@ MainWindow::MainWindow(DeskSeat& seat)
     : seat_(seat), rooms_(new QListWidget), tabs_(new QTabWidget), inspector_(new Inspector(seat.log, this)) {
   resize(1280, 800);
   seat_.session.platform().set_ask_user([this](const ShownMessage& message) {
-    QApplication::setOverrideCursor(Qt::ArrowCursor);
+    const PointerShape pointer(Qt::ArrowCursor);
     QWidget* pOver = QApplication::activeWindow();
-    const int nAnswer = show_message_box(message, pOver != nullptr ? pOver : this);
-    QApplication::restoreOverrideCursor();
-    return nAnswer;
+    return show_message_box(message, pOver != nullptr ? pOver : this);
   });
   build();
   change_language(language());
