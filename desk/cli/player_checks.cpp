@@ -108,7 +108,7 @@ void ScenarioPlayer::select(const std::vector<std::string>& args) {
     nTaken = chosen.size();
     return chosen;
   });
-  const Outcome outcome = window.press(kind_->side.bMoneyComesIn ? "mnuSelectBill_2000001" : "mnuSelectBill_2000002");
+  const Outcome outcome = window.press(std::string(kind_->side.sSelectTool));
   if (!missing.empty() && nOffered > 0)
     fail("the selection doesn't offer " + missing.front() + "; it may be settled already");
   if (!outcome || nOffered == 0) return refused("the selection", outcome.sReason);

@@ -78,7 +78,7 @@ bool flag_of(const arap::Dictionary& oParams, const std::string& sKey) {
 // GetRpt131Data(sProps, oParams) of the customers, GetRpt132Data of the suppliers. One level, by partner.
 Variant report_data(Database& database, const SettlementTables& tables, Arguments args) {
   const arap::Dictionary oParams(argument(args, 1));
-  const std::string sPartner = tables.bMoneyComesIn ? "CustNumber" : "SupplyNumber";
+  const std::string sPartner(tables.sReportPartner);
   AgedQuery query;
   query.sFromDate = text_of(oParams, "BDate");
   query.sToDate = text_of(oParams, "EDate");

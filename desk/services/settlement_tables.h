@@ -6,7 +6,13 @@
 
 namespace desk {
 
-/// Where one side keeps its settlement bills and the bills that they settle.
+/// The sides of a voucher.
+enum class VoucherSide : std::uint8_t { Debit, Credit };
+constexpr VoucherSide opposite(VoucherSide side) {
+  return side == VoucherSide::Debit ? VoucherSide::Credit : VoucherSide::Debit;
+}
+
+/// Where one side keeps its settlement bills and the bills that they settle, and what it calls things.
 struct SettlementTables {
   std::int32_t nClass;        // class of the settlement bill
   std::int32_t nAdvanceType;  // the type without rows
@@ -29,7 +35,10 @@ struct SettlementTables {
   std::string_view sPartnerName;
   std::string_view sBalanceName;
   std::string_view sBalanceAccount;  // number that the account of open balances begins with
-  bool bMoneyComesIn;
+  std::string_view sTemplate;        // of the bill's window
+  std::string_view sSelectTool;      // command that selects the source bills
+  std::string_view sReportPartner;   // the partner among the parameters of the aged report, behind "B" and "E"
+  VoucherSide moneySide;             // where a voucher has the money and the claim
 };
 
 inline constexpr SettlementTables kReceiptTables{
@@ -54,7 +63,10 @@ inline constexpr SettlementTables kReceiptTables{
     .sPartnerName = "客户",
     .sBalanceName = "应收余额",
     .sBalanceAccount = "1122",
-    .bMoneyComesIn = true,
+    .sTemplate = "receipt",
+    .sSelectTool = "mnuSelectBill_2000001",
+    .sReportPartner = "CustNumber",
+    .moneySide = VoucherSide::Debit,
 };
 
 inline constexpr SettlementTables kPaymentTables{
@@ -79,7 +91,10 @@ inline constexpr SettlementTables kPaymentTables{
     .sPartnerName = "供应商",
     .sBalanceName = "应付余额",
     .sBalanceAccount = "2202",
-    .bMoneyComesIn = false,
+    .sTemplate = "payment",
+    .sSelectTool = "mnuSelectBill_2000002",
+    .sReportPartner = "SupplyNumber",
+    .moneySide = VoucherSide::Credit,
 };
 
 /// The template with every "{name}" replaced by the side's table or column: {bill}, {entry}, {class}, {type},

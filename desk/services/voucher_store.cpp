@@ -42,9 +42,9 @@ std::int32_t store_voucher(Database& database, const VoucherBill& bill, const Ro
     database.exec(
         "INSERT INTO t_VoucherEntry (FVoucherID, FEntryID, FAccountID, FDC, FCurrencyID, FExchangeRate, FAmountFor,"
         " FAmount) VALUES (?, ?, ?, ?, ?, ?, ?, ?)",
-        {Bind(nVoucherID), Bind(++nEntry), Bind(line.nAccount), Bind(std::int32_t{line.bDebit ? 1 : 0}),
-         Bind(head.integer(0, "FCurrencyID")), Bind(head.real(0, "FExchangeRate")), Bind(line.amountFor),
-         Bind(line.amount)});
+        {Bind(nVoucherID), Bind(++nEntry), Bind(line.nAccount),
+         Bind(std::int32_t{line.side == VoucherSide::Debit ? 1 : 0}), Bind(head.integer(0, "FCurrencyID")),
+         Bind(head.real(0, "FExchangeRate")), Bind(line.amountFor), Bind(line.amount)});
   }
   database.exec("UPDATE " + std::string(bill.sTable) + " SET FVoucherID = ? WHERE FBillID = ?",
                 {Bind(nVoucherID), Bind(bill.nBillID)});

@@ -5,12 +5,13 @@
 #include <vector>
 
 #include "data/database.h"
+#include "services/settlement_tables.h"
 
 namespace desk {
 
 struct VoucherLine {
   std::int32_t nAccount;
-  bool bDebit;
+  VoucherSide side;
   Money amountFor;
   Money amount;
 };

@@ -25,24 +25,26 @@ std::int32_t balance_account(Database& database, const SettlementTables& tables)
 }
 
 std::vector<VoucherLine> lines_of(Database& database, const SettlementTables& tables, const Rows& head) {
-  const bool bIn = tables.bMoneyComesIn;
+  const VoucherSide money = tables.moneySide;
   std::vector<VoucherLine> lines;
-  lines.push_back({head.integer(0, "FAcctID"), bIn, head.money(0, "FGotFor"), head.money(0, "FGot")});
+  lines.push_back({head.integer(0, "FAcctID"), money, head.money(0, "FGotFor"), head.money(0, "FGot")});
   // What was settled and not received went away as discount, to the last cent.
   const Money discountFor = head.money(0, "FAmountFor") - head.money(0, "FGotFor");
   const Money discount = head.money(0, "FAmount") - head.money(0, "FGot");
-  if (!discount.is_zero()) lines.push_back({head.integer(0, "FDiscountAcctID"), bIn, discountFor, discount});
-  lines.push_back({balance_account(database, tables), !bIn, head.money(0, "FAmountFor"), head.money(0, "FAmount")});
-  std::stable_partition(lines.begin(), lines.end(), [](const VoucherLine& line) { return line.bDebit; });
+  if (!discount.is_zero()) lines.push_back({head.integer(0, "FDiscountAcctID"), money, discountFor, discount});
+  lines.push_back(
+      {balance_account(database, tables), opposite(money), head.money(0, "FAmountFor"), head.money(0, "FAmount")});
+  std::stable_partition(lines.begin(), lines.end(),
+                        [](const VoucherLine& line) { return line.side == VoucherSide::Debit; });
   return lines;
 }
 
 // The claim or the money on the settlement account against the accounts of the types, row by row.
 std::vector<VoucherLine> lines_of_other(Database& database, const OtherTables& tables, std::int32_t nBillID,
                                         const Rows& head) {
-  const bool bIn = tables.side.bMoneyComesIn;
+  const VoucherSide money = tables.side.moneySide;
   std::vector<VoucherLine> lines{
-      {head.integer(0, "FAcctID"), bIn, head.money(0, "FAmountFor"), head.money(0, "FAmount")}};
+      {head.integer(0, "FAcctID"), money, head.money(0, "FAmountFor"), head.money(0, "FAmount")}};
   const Rows rows = database.query(
       side_sql(tables.side,
                "SELECT t.FAcctID AS FAcctID, t.FName AS FName, e.FBillAmountFor AS FAmountFor, e.FBillAmount AS FAmount"
@@ -54,9 +56,11 @@ std::vector<VoucherLine> lines_of_other(Database& database, const OtherTables& t
       throw DeskError(ErrorKind::BadValue, "the type " + rows.text(i, "FName") + " has no account", "voucher",
                       "enter the account of the type");
     }
-    lines.push_back({rows.integer(i, "FAcctID"), !bIn, rows.money(i, "FAmountFor"), rows.money(i, "FAmount")});
+    lines.push_back(
+        {rows.integer(i, "FAcctID"), opposite(money), rows.money(i, "FAmountFor"), rows.money(i, "FAmount")});
   }
-  std::stable_partition(lines.begin(), lines.end(), [](const VoucherLine& line) { return line.bDebit; });
+  std::stable_partition(lines.begin(), lines.end(),
+                        [](const VoucherLine& line) { return line.side == VoucherSide::Debit; });
   return lines;
 }
 

@@ -1,6 +1,7 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+#include "desk/sides.h"
 #include "desk_user.h"
 #include "many_bills.h"
 #include "windows/csv_export.h"
@@ -49,7 +50,7 @@ class BillList : public ::testing::TestWithParam<const SettlementTables*> {
   std::string result;
 };
 INSTANTIATE_TEST_SUITE_P(Sides, BillList, ::testing::Values(&kReceiptTables, &kPaymentTables),
-                         [](const auto& side) { return side.param->bMoneyComesIn ? "Receipts" : "Payments"; });
+                         [](const auto& side) { return money_comes_in(*side.param) ? "Receipts" : "Payments"; });
 
 TEST_P(BillList, TheBarsAreThoseThatThePlugInSets) {
   const BarView& bars = list().bars();
@@ -70,7 +71,7 @@ TEST_P(BillList, ABillOfTwoEntriesHasTwoLinesWithItsPartnerAndSource) {
   ASSERT_EQ(model.rowCount(), 2 * kBills);
   EXPECT_EQ(utf8(model.index(0, 0).data().toString()), "B1001");
   EXPECT_EQ(utf8(model.index(1, 0).data().toString()), "B1001");
-  EXPECT_EQ(utf8(model.index(1, 2).data().toString()), tables().bMoneyComesIn ? "海天贸易" : "华北钢铁");
+  EXPECT_EQ(utf8(model.index(1, 2).data().toString()), money_comes_in(tables()) ? "海天贸易" : "华北钢铁");
   EXPECT_EQ(utf8(model.index(1, 6).data().toString()), "N1021");
   EXPECT_EQ(utf8(model.index(1, 7).data().toString()), "40.00");
 }

@@ -14,6 +14,7 @@
 #include <string>
 
 #include "desk/data/temp_book.h"
+#include "desk/sides.h"
 #include "services/settlement_tables.h"
 #include "windows/bill_list_view.h"
 #include "windows/main_window.h"
@@ -116,7 +117,7 @@ class DeskUser {
     return *window.current_room();
   }
   /// The list of a side in front.
-  BillListView& list(const SettlementTables& tables) { return list(tables.bMoneyComesIn ? "收款单" : "付款单"); }
+  BillListView& list(const SettlementTables& tables) { return list(money_comes_in(tables) ? "收款单" : "付款单"); }
   BillListView& list(std::string_view sRoom) {
     auto* pList = qobject_cast<BillListView*>(&room(sRoom));
     if (pList == nullptr) throw std::logic_error("no list of bills is in front");

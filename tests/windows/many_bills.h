@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "data/database.h"
+#include "desk/sides.h"
 #include "services/other_tables.h"
 #include "services/settlement_tables.h"
 
@@ -14,7 +15,7 @@ namespace desk::testing {
 inline constexpr std::int32_t kFirstNew = 1001;
 
 inline std::string partner_column(const SettlementTables& tables) {
-  return tables.bMoneyComesIn ? "FCustID" : "FSupplyID";
+  return money_comes_in(tables) ? "FCustID" : "FSupplyID";
 }
 
 /// Open invoices of 100.00 of the partner, "N1001" and so on.
@@ -25,8 +26,8 @@ inline void add_invoices(Database& database, const SettlementTables& tables, std
     database.exec("INSERT INTO " + std::string(tables.sInvoice) +
                       " (FInterID, FClassTypeID, FBillNo, FDate, FDueDate, " + partner_column(tables) +
                       ", FAmountFor, FAmount) VALUES (?, ?, ?, '2026-11-02', '2026-12-02', ?, ?, ?)",
-                  {Bind(n), Bind(std::int32_t{tables.bMoneyComesIn ? 1000002 : 1000004}), Bind("N" + std::to_string(n)),
-                   Bind(nPartner), Bind(Money{1'000'000}), Bind(Money{1'000'000})});
+                  {Bind(n), Bind(std::int32_t{money_comes_in(tables) ? 1000002 : 1000004}),
+                   Bind("N" + std::to_string(n)), Bind(nPartner), Bind(Money{1'000'000}), Bind(Money{1'000'000})});
   }
   transaction.commit();
 }
@@ -35,7 +36,7 @@ inline void add_invoices(Database& database, const SettlementTables& tables, std
 inline void add_bills(Database& database, const SettlementTables& tables, std::int32_t nCount) {
   add_invoices(database, tables, 2 * nCount);
   Transaction transaction(database);
-  const std::int32_t nType = tables.bMoneyComesIn ? 1001 : 1003;
+  const std::int32_t nType = money_comes_in(tables) ? 1001 : 1003;
   const std::string sHead =
       side_sql(tables,
                "INSERT INTO {bill} (FBillID, FBillNo, FDate, {partner}, {type}, FAcctID, FAmountFor,"
@@ -45,7 +46,7 @@ inline void add_bills(Database& database, const SettlementTables& tables, std::i
                                       "INSERT INTO {entry} (FBillID, FIndex, FClassID_SRC, FInterID, FEntryID_SRC,"
                                       " {number}, FBillUn{got}AmountFor, FBillUn{got}Amount, FBillSettleAmountFor,"
                                       " FBillSettleAmount) VALUES (?, ?, ?, ?, 1, ?, 1000000, 1000000, ?, ?)");
-  const std::int32_t nClass = tables.bMoneyComesIn ? 1000002 : 1000004;
+  const std::int32_t nClass = money_comes_in(tables) ? 1000002 : 1000004;
   for (std::int32_t n = kFirstNew; n < kFirstNew + nCount; ++n) {
     database.exec(sHead, {Bind(n), Bind("B" + std::to_string(n)), Bind(nType)});
     for (const auto& [nIndex, nSource, units] : {std::tuple(1, n, 600'000), std::tuple(2, n + nCount, 400'000)})
@@ -66,7 +67,7 @@ inline void add_other_bills(Database& database, const OtherTables& tables, std::
       side_sql(tables.side,
                "INSERT INTO {other}Entry (FBillID, FIndex, FInOutTypeID, FBillAmountFor, FBillAmount) VALUES"
                " (?, ?, ?, ?, ?)");
-  const std::int32_t nFirstType = tables.side.bMoneyComesIn ? 3 : 5;
+  const std::int32_t nFirstType = money_comes_in(tables.side) ? 3 : 5;
   for (std::int32_t n = kFirstNew; n < kFirstNew + nCount; ++n) {
     database.exec(sHead, {Bind(n), Bind("B" + std::to_string(n)), Bind(tables.nImmediateType)});
     for (const auto& [nIndex, units] : {std::pair(1, 600'000), std::pair(2, 400'000)})

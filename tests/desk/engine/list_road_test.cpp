@@ -4,6 +4,7 @@
 #include <array>
 
 #include "desk/services/small_book.h"
+#include "desk/sides.h"
 #include "engine/list_window.h"
 #include "frame/conversions.h"
 
@@ -19,13 +20,13 @@ class ListRoad : public ::testing::TestWithParam<const SettlementTables*> {
     Transaction transaction(book.database());
     for (std::int32_t n = 1; n <= kBills; ++n) {
       book.add_invoice(tables(), n, "X" + std::to_string(n), 100'00);
-      book.add_bill(tables(), n, 100'00, tables().bMoneyComesIn ? 1001 : 1003);
+      book.add_bill(tables(), n, 100'00, money_comes_in(tables()) ? 1001 : 1003);
       book.add_row(tables(), n, 1, n, 60'00);
       book.add_row(tables(), n, 2, n, 40'00);
     }
     transaction.commit();
     session = std::make_unique<Session>(book.database(), "li");
-    list = open_list_window(book.database(), BillTemplate::shipped(tables().bMoneyComesIn ? "receipt" : "payment"));
+    list = open_list_window(book.database(), BillTemplate::shipped(tables().sTemplate));
   }
   ~ListRoad() override {
     list.reset();
@@ -64,7 +65,7 @@ class ListRoad : public ::testing::TestWithParam<const SettlementTables*> {
   OpenListWindow list;
 };
 INSTANTIATE_TEST_SUITE_P(Sides, ListRoad, ::testing::Values(&kReceiptTables, &kPaymentTables),
-                         [](const auto& side) { return side.param->bMoneyComesIn ? "Receipt" : "Payment"; });
+                         [](const auto& side) { return money_comes_in(*side.param) ? "Receipt" : "Payment"; });
 
 TEST_P(ListRoad, ABillOfTwoEntriesHasTwoLines) {
   EXPECT_EQ(list->lines().size(), 2u * kBills);
@@ -119,8 +120,7 @@ TEST_P(ListRoad, ABillThatTheOtherSeatDeletedStopsTheBatchBeforeTheFirst) {
 }
 
 TEST_P(ListRoad, ASelectionListHasNoCommandsToChangeBills) {
-  list = open_list_window(book.database(), BillTemplate::shipped(tables().bMoneyComesIn ? "receipt" : "payment"),
-                          ListMode::Selection);
+  list = open_list_window(book.database(), BillTemplate::shipped(tables().sTemplate), ListMode::Selection);
   EXPECT_FALSE(list->press("mnuEditDelete"));
   EXPECT_FALSE(list->press("Check"));
 }

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "desk/engine/other_bill_world.h"
+#include "desk/sides.h"
 #include "engine/list_window.h"
 #include "services/vouchers.h"
 
@@ -22,7 +23,7 @@ TEST_P(OtherBillRoad, ANewBillIsAnImmediateOneInBaseCurrency) {
 
 TEST_P(OtherBillRoad, TheLookUpsOfferThisSidesTypesAlone) {
   window->new_bill();
-  const bool bIn = tables().side.bMoneyComesIn;
+  const bool bIn = money_comes_in(tables().side);
   EXPECT_EQ(window->choices("FBillTypeID").size(), 2u);
   EXPECT_EQ(window->choices("FInOutTypeID").size(), 3u);
   EXPECT_FALSE(window->type_field("FBillTypeID", -1, bIn ? "1008" : "1006"));
@@ -113,7 +114,7 @@ TEST_P(OtherBillRoad, AnImmediateBillKnowsNoLimit) {
 }
 
 TEST_P(OtherBillRoad, ANumberIsTakenOnceOnEitherSide) {
-  const OtherSide& twin = kOtherSides[tables().side.bMoneyComesIn ? 1 : 0];
+  const OtherSide& twin = kOtherSides[money_comes_in(tables().side) ? 1 : 0];
   fill_credit(GetParam().sSecond, "10");
   ASSERT_TRUE(window->type_field("FBillNo", -1, twin.sNumber));
   EXPECT_FALSE(window->save());
@@ -130,7 +131,7 @@ TEST_P(OtherBillRoad, ANumberIsTakenOnceOnEitherSide) {
 
 TEST_P(OtherBillRoad, AGivenNumberIsNoneThatEitherSideHas) {
   const std::string sPrefix = std::string(GetParam().sNumber).substr(0, 4);
-  const SettlementTables& twin = tables().side.bMoneyComesIn ? kPaymentTables : kReceiptTables;
+  const SettlementTables& twin = money_comes_in(tables().side) ? kPaymentTables : kReceiptTables;
   database->exec(side_sql(twin, "UPDATE {other} SET FBillNo = ?"), {Bind(sPrefix + "000002")});
   fill_credit(GetParam().sSecond, "10");
   ASSERT_TRUE(window->save()) << last_message();
@@ -143,8 +144,8 @@ TEST_P(OtherBillRoad, TheVoucherSetsTheSettlementAccountAgainstTheTypes) {
   ASSERT_EQ(text("FStatus"), "1") << last_message();
   const std::int32_t nVoucher = make_voucher(*session, tables(), window->bill_id());
   const std::string sText = voucher_text(*database, nVoucher);
-  EXPECT_NE(sText.find(tables().side.bMoneyComesIn ? "借 1122" : "借 6602"), std::string::npos) << sText;
-  EXPECT_NE(sText.find(tables().side.bMoneyComesIn ? "贷 6051" : "贷 2202"), std::string::npos) << sText;
+  EXPECT_NE(sText.find(money_comes_in(tables().side) ? "借 1122" : "借 6602"), std::string::npos) << sText;
+  EXPECT_NE(sText.find(money_comes_in(tables().side) ? "贷 6051" : "贷 2202"), std::string::npos) << sText;
   EXPECT_NE(sText.find("合计 借 10.00  贷 10.00"), std::string::npos) << sText;
   ASSERT_TRUE(window->load_bill(window->bill_id()));
   window->press("mnuEditUnCheck");

@@ -47,8 +47,7 @@ class KilledSeat : public ::testing::TestWithParam<Killed> {
       const auto database = Database::open(book.path());
       Session session(*database, "li");
       session.platform().queue_answer(kButtonYes);
-      const OpenListWindow list =
-          open_list_window(*database, BillTemplate::shipped(tables().bMoneyComesIn ? "receipt" : "payment"));
+      const OpenListWindow list = open_list_window(*database, BillTemplate::shipped(tables().sTemplate));
       list->select_all();
       database->set_statement_hook([nLeft = nStatement](std::string_view) mutable {
         if (--nLeft == 0) kill(getpid(), SIGKILL);

@@ -5,6 +5,7 @@
 #include "desk/engine/engine_world.h"
 #include "desk/seats/seat_process.h"
 #include "desk/services/small_book.h"
+#include "desk/sides.h"
 #include "frame/conversions.h"
 #include "services/seat_host.h"
 
@@ -26,13 +27,12 @@ class SeatLock : public ::testing::TestWithParam<const SettlementTables*> {
   SmallBook book;
 };
 INSTANTIATE_TEST_SUITE_P(Sides, SeatLock, ::testing::Values(&kReceiptTables, &kPaymentTables),
-                         [](const auto& side) { return side.param->bMoneyComesIn ? "Receipt" : "Payment"; });
+                         [](const auto& side) { return money_comes_in(*side.param) ? "Receipt" : "Payment"; });
 
 TEST_P(SeatLock, ABillWhoseEditLockWasLostIsntStored) {
   Session session(book.database(), "li");
-  const OpenBillWindow window = open_bill_window(seat_host(session, "2026-11-10"),
-                                                 BillTemplate::shipped(tables().bMoneyComesIn ? "receipt" : "payment"),
-                                                 arap::make_object<ScriptedPlugin>());
+  const OpenBillWindow window = open_bill_window(
+      seat_host(session, "2026-11-10"), BillTemplate::shipped(tables().sTemplate), arap::make_object<ScriptedPlugin>());
   ASSERT_TRUE(window->load_bill(7));
   window->type_field("FExplanation", -1, "mine");
   book.database().exec("DELETE FROM t_Task");

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "desk/services/small_book.h"
+#include "desk/sides.h"
 #include "frame/contract_containers.h"
 #include "frame/conversions.h"
 #include "frame/open_choices.h"
@@ -28,7 +29,7 @@ class AgedReport : public ::testing::TestWithParam<const SettlementTables*> {
                  "INSERT INTO {other} (FBillID, FBillNo, FDate, FLimitDate, FBillTypeID, {partner}, FStatus,"
                  " FAmountFor, FAmount, FCheckAmountFor, FCheckAmount) VALUES (?, ?, '2026-11-03',"
                  " '2026-11-20', 1006, ?, ?, ?, ?, ?, ?)"),
-        {Bind(nID), Bind("QT" + std::to_string(nID)), Bind(std::int32_t{tables().bMoneyComesIn ? 11 : 21}),
+        {Bind(nID), Bind("QT" + std::to_string(nID)), Bind(std::int32_t{money_comes_in(tables()) ? 11 : 21}),
          Bind(nStatus), Bind(SmallBook::cents(nCents)), Bind(SmallBook::cents(nCents)),
          Bind(SmallBook::cents(nSettled)), Bind(SmallBook::cents(nSettled))});
   }
@@ -42,7 +43,7 @@ class AgedReport : public ::testing::TestWithParam<const SettlementTables*> {
   AgedQuery query;
 };
 INSTANTIATE_TEST_SUITE_P(Sides, AgedReport, ::testing::Values(&kReceiptTables, &kPaymentTables),
-                         [](const auto& side) { return side.param->bMoneyComesIn ? "Customers" : "Suppliers"; });
+                         [](const auto& side) { return money_comes_in(*side.param) ? "Customers" : "Suppliers"; });
 
 TEST_P(AgedReport, AddsUpWhatIsOpenOfInvoicesAndOtherBills) {
   EXPECT_EQ(balance(), "70.00");
@@ -90,13 +91,13 @@ TEST_P(AgedReport, AnswersTheRulesThroughTheReportServer) {
   const Session session(book.database(), "li");
   const arap::Ref<arap::Object> oReport = arap::CurrentPlatform().CreateObject("NUVMYWARAPRpt.Data");
   const arap::Dictionary oParams(arap::CurrentPlatform().CreateObject(arap::open_choices::kDictionary));
-  const std::string sPartner = tables().bMoneyComesIn ? "CustNumber" : "SupplyNumber";
-  const std::string sNumber = tables().bMoneyComesIn ? "C01" : "S01";
+  const std::string sPartner = money_comes_in(tables()) ? "CustNumber" : "SupplyNumber";
+  const std::string sNumber = money_comes_in(tables()) ? "C01" : "S01";
   oParams.SetValue("B" + sPartner, sNumber);
   oParams.SetValue("E" + sPartner, sNumber);
   oParams.SetValue("IncludeNotAudit", std::int32_t{1});
   oParams.SetValue("IncludeOther", std::int32_t{1});
-  const auto member = tables().bMoneyComesIn ? arap::Member::GetRpt131Data : arap::Member::GetRpt132Data;
+  const auto member = money_comes_in(tables()) ? arap::Member::GetRpt131Data : arap::Member::GetRpt132Data;
   const arap::Recordset rs(oReport->call(member, "", oParams));
   rs.SetFilter("FSumSort=0");
   ASSERT_FALSE(rs.Eof());

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "desk/services/small_book.h"
+#include "desk/sides.h"
 #include "services/other_posting.h"
 #include "services/related_bills.h"
 
@@ -19,12 +20,12 @@ class OtherPostingOfBothSides : public ::testing::TestWithParam<const OtherTable
         side_sql(side(),
                  "INSERT INTO {other} (FBillID, FBillNo, FDate, FBillTypeID, {partner}, FAcctID, FAmountFor,"
                  " FAmount) VALUES (?, ?, '2026-11-02', ?, ?, 102, ?, ?)"),
-        {Bind(nID), Bind("QT" + std::to_string(nID)), Bind(nType), Bind(std::int32_t{side().bMoneyComesIn ? 11 : 21}),
+        {Bind(nID), Bind("QT" + std::to_string(nID)), Bind(nType), Bind(std::int32_t{money_comes_in(side()) ? 11 : 21}),
          Bind(SmallBook::cents(nCents)), Bind(SmallBook::cents(nBaseCents))});
   }
   void add_credit(std::int32_t nID, std::int64_t nCents) { add_other(nID, tables().nCreditType, nCents, nCents); }
   void settle(std::int32_t nSettlement, std::int32_t nOther, std::int64_t nCents) {
-    book.add_bill(side(), nSettlement, nCents, side().bMoneyComesIn ? 1001 : 1003);
+    book.add_bill(side(), nSettlement, nCents, money_comes_in(side()) ? 1001 : 1003);
     book.add_row_of_class(side(), nSettlement, 1, tables().nClass, nOther, 1, nCents);
   }
   std::string settled(std::int32_t nID, const std::string& sColumn = "FCheckAmountFor") {
@@ -39,7 +40,7 @@ class OtherPostingOfBothSides : public ::testing::TestWithParam<const OtherTable
 
 INSTANTIATE_TEST_SUITE_P(Sides, OtherPostingOfBothSides,
                          ::testing::Values(&kOtherReceivableTables, &kOtherPayableTables),
-                         [](const auto& side) { return side.param->side.bMoneyComesIn ? "Receivable" : "Payable"; });
+                         [](const auto& side) { return money_comes_in(side.param->side) ? "Receivable" : "Payable"; });
 
 TEST_P(OtherPostingOfBothSides, ACheckedCreditBillIsOpenInFull) {
   add_credit(3, 40'00);

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "desk/services/small_book.h"
+#include "desk/sides.h"
 
 namespace desk::testing {
 namespace {
@@ -13,13 +14,13 @@ class SettlementPostingOfBothSides : public ::testing::TestWithParam<const Settl
   PostingResult check(std::int32_t nBill) { return SettlementPosting(book.database(), tables()).check(nBill, "li"); }
   PostingResult uncheck(std::int32_t nBill) { return SettlementPosting(book.database(), tables()).uncheck(nBill); }
   PostingResult remove(std::int32_t nBill) { return SettlementPosting(book.database(), tables()).remove(nBill); }
-  std::int32_t refund_type() const { return tables().bMoneyComesIn ? 1009 : 1010; }
+  std::int32_t refund_type() const { return money_comes_in(tables()) ? 1009 : 1010; }
 
   SmallBook book;
 };
 
 INSTANTIATE_TEST_SUITE_P(Sides, SettlementPostingOfBothSides, ::testing::Values(&kReceiptTables, &kPaymentTables),
-                         [](const auto& side) { return side.param->bMoneyComesIn ? "Receipt" : "Payment"; });
+                         [](const auto& side) { return money_comes_in(*side.param) ? "Receipt" : "Payment"; });
 
 TEST_P(SettlementPostingOfBothSides, CheckAddsEachRowToItsSource) {
   book.add_invoice(tables(), 1, "X1", 100'00);
@@ -39,7 +40,7 @@ TEST_P(SettlementPostingOfBothSides, CheckSettlesAnotherBillUnderItsCheckedAmoun
                                 " FAmountFor, FAmount, FStatus) VALUES (3, 'QT3', '2026-11-02', 1, 11,"
                                 " 400000, 400000, 1)"));
   book.add_bill(tables(), 7, 30'00, 1001);
-  book.add_row_of_class(tables(), 7, 1, tables().bMoneyComesIn ? 1000205 : 1000206, 3, 1, 30'00);
+  book.add_row_of_class(tables(), 7, 1, money_comes_in(tables()) ? 1000205 : 1000206, 3, 1, 30'00);
   EXPECT_TRUE(check(7).bDone);
   EXPECT_EQ(Money::from_stored(
                 book.database().value(side_sql(tables(), "SELECT FCheckAmountFor FROM {other} WHERE FBillID = 3")))
@@ -225,8 +226,9 @@ TEST_P(SettlementPostingOfBothSides, AnAdvanceCantBeTakenBackBeyondWhatIsLeft) {
   book.add_bill(tables(), 9, -60'00, tables().nAdvanceType);
   ASSERT_TRUE(check(7).bDone);
   ASSERT_TRUE(check(8).bDone);
-  EXPECT_EQ(SettlementPosting(book.database(), tables()).unused_advance(tables().bMoneyComesIn ? 11 : 21, 1, 0).text(),
-            "40.00");
+  EXPECT_EQ(
+      SettlementPosting(book.database(), tables()).unused_advance(money_comes_in(tables()) ? 11 : 21, 1, 0).text(),
+      "40.00");
   EXPECT_FALSE(check(9).bDone);
   EXPECT_FALSE(uncheck(7).bDone);
   EXPECT_EQ(book.status(tables(), 7), "1");

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "data/database.h"
+#include "desk/sides.h"
 #include "desk/test_server.h"
 #include "services/session.h"
 #include "services/settlement_posting.h"
@@ -49,12 +50,12 @@ class SmallBook {
 
   /// A checked source bill of the side's invoices, in cents.
   void add_invoice(const SettlementTables& tables, std::int32_t nID, const std::string& sNumber, std::int64_t nCents) {
-    const std::string sPartner = tables.bMoneyComesIn ? "FCustID" : "FSupplyID";
+    const std::string sPartner = money_comes_in(tables) ? "FCustID" : "FSupplyID";
     database_->exec("INSERT INTO " + std::string(tables.sInvoice) + " (FInterID, FBillNo, FDate, FDueDate, " +
                         sPartner +
                         ", FClassTypeID, FAmountFor, FAmount) VALUES (?, ?, '2026-11-02', '2026-12-02', ?,"
                         " ?, ?, ?)",
-                    {Bind(nID), Bind(sNumber), Bind(std::int32_t{tables.bMoneyComesIn ? 11 : 21}),
+                    {Bind(nID), Bind(sNumber), Bind(std::int32_t{money_comes_in(tables) ? 11 : 21}),
                      Bind(invoice_class(tables)), Bind(cents(nCents)), Bind(cents(nCents))});
   }
 
@@ -64,7 +65,7 @@ class SmallBook {
                              "INSERT INTO {bill} (FBillID, FBillNo, FDate, {partner}, {type}, FAcctID,"
                              " FAmountFor, FAmount, F{got}AmountFor, F{got}Amount) VALUES"
                              " (?, ?, '2026-11-05', ?, ?, 101, ?, ?, ?, ?)"),
-                    {Bind(nID), Bind("SK" + std::to_string(nID)), Bind(std::int32_t{tables.bMoneyComesIn ? 11 : 21}),
+                    {Bind(nID), Bind("SK" + std::to_string(nID)), Bind(std::int32_t{money_comes_in(tables) ? 11 : 21}),
                      Bind(nType), Bind(cents(nCents)), Bind(cents(nCents)), Bind(cents(nCents)), Bind(cents(nCents))});
   }
 
@@ -84,7 +85,7 @@ class SmallBook {
 
   /// A bill of one row over one invoice.
   void add_simple_bill(const SettlementTables& tables, std::int32_t nID, std::int32_t nInvoice, std::int64_t nCents) {
-    add_bill(tables, nID, nCents, tables.bMoneyComesIn ? 1001 : 1003);
+    add_bill(tables, nID, nCents, money_comes_in(tables) ? 1001 : 1003);
     add_row(tables, nID, 1, nInvoice, nCents);
   }
 
@@ -114,7 +115,9 @@ class SmallBook {
   }
 
   static Money cents(std::int64_t nCents) { return Money{nCents * 100}; }
-  static std::int32_t invoice_class(const SettlementTables& tables) { return tables.bMoneyComesIn ? 1000002 : 1000004; }
+  static std::int32_t invoice_class(const SettlementTables& tables) {
+    return money_comes_in(tables) ? 1000002 : 1000004;
+  }
 
  private:
   QTemporaryDir folder_;

@@ -5,6 +5,7 @@
 
 #include "desk/services/small_book.h"
 #include "desk/services/write_off_model.h"
+#include "desk/sides.h"
 #include "engine/bill_store.h"
 #include "frame/contract_containers.h"
 #include "frame/conversions.h"
@@ -131,7 +132,7 @@ class WriteOffs : public ::testing::TestWithParam<PropertySide> {
       nSum += nCents;
     }
     const std::int32_t nID = ++last_settlement;
-    book.add_bill(kind.side, nID, nSum, kind.side.bMoneyComesIn ? 1001 : 1003);
+    book.add_bill(kind.side, nID, nSum, money_comes_in(kind.side) ? 1001 : 1003);
     std::int32_t nIndex = 0;
     for (const auto& [nBill, nCents] : aRows)
       book.add_row_of_class(kind.side, nID, ++nIndex, kind.other->nClass, nBill, 1, nCents);
