@@ -60,7 +60,7 @@ OtherPosting::Head OtherPosting::read_head(std::int32_t nBillID, std::string_vie
   head.nBillID = nBillID;
   head.sBillNo = rows.text(0, "FBillNo");
   head.bChecked = rows.integer(0, "FStatus") == 1;
-  head.bImmediate = rows.integer(0, "FBillTypeID") == tables_.nImmediateType;
+  head.bImmediate = rows.integer(0, "FBillTypeID") == tables_.side.nImmediateType;
   head.nVoucher = rows.integer(0, "FVoucherID");
   if (lock_lost_ && lock_lost_(nBillID)) refuse("单据[" + head.sBillNo + "]的锁定已失效,请重新操作", sAction);
   return head;

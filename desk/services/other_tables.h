@@ -12,16 +12,14 @@ namespace desk {
 struct OtherTables {
   const SettlementTables& side;  // {other} and its rows in {other}Entry, {otherclasses} as the class
   std::int32_t nClass;
-  std::int32_t nImmediateType;  // settled when it is made
-  std::int32_t nCreditType;     // stands open
-  std::string_view sBillName;   // as the user knows the bill
-  arap::Member numberQuery;     // asks for the bills of a number
+  std::int32_t nCreditType;    // stands open; the other type is the side's immediate one
+  std::string_view sBillName;  // as the user knows the bill
+  arap::Member numberQuery;    // asks for the bills of a number
 };
 
 inline constexpr OtherTables kOtherReceivableTables{
     .side = kReceiptTables,
     .nClass = 1000205,
-    .nImmediateType = 1005,
     .nCreditType = 1006,
     .sBillName = "其他收入单",
     .numberQuery = arap::Member::GetARBillInfo,
@@ -30,7 +28,6 @@ inline constexpr OtherTables kOtherReceivableTables{
 inline constexpr OtherTables kOtherPayableTables{
     .side = kPaymentTables,
     .nClass = 1000206,
-    .nImmediateType = 1007,
     .nCreditType = 1008,
     .sBillName = "费用支出单",
     .numberQuery = arap::Member::GetAPBillInfo,

@@ -16,7 +16,7 @@ namespace {
 Outcome delete_bill(Session& session, std::int32_t nClassType, std::int32_t nBillID) {
   const BillKind* pKind = find_bill_kind(nClassType);
   if (pKind == nullptr) return Outcome::refused("这里不能删除单据。");
-  const int nAnswer = session.platform().MsgBox("是否删除当前单据?", arap::kQuestion, "青柚提示");
+  const int nAnswer = session.platform().MsgBox("是否删除当前单据?", arap::kQuestion, arap::kTitle);
   if (nAnswer != kButtonYes) return Outcome::refused("单据没有删除。");
   try {
     const PostingResult result =
@@ -35,7 +35,7 @@ Host seat_host(Session& session, const std::string& sToday) {
   host.sUser = session.user_name();
   host.take_edit_lock = [&session](std::int32_t nClassType, std::int32_t nBillID) {
     const std::array<std::int32_t, 1> aBills{nBillID};
-    return session.tasks().take(21, edit_function(nClassType), aBills) > 0;
+    return session.tasks().take(kTaskSystem, edit_function(nClassType), aBills) > 0;
   };
   host.give_edit_lock = [&session](std::int32_t nClassType, std::int32_t nBillID) {
     for (const std::int32_t nTask : session.tasks().tasks_of(edit_function(nClassType), nBillID))

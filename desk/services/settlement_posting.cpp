@@ -22,7 +22,7 @@ struct SourceKind {
 
 constexpr SourceKind kSourceKinds[] = {
     {"{invoice}", "FInterID", "{invoiceclasses}", "FReceiveAmountFor", "FReceiveAmount", "1 = 0"},
-    {"{other}", "FBillID", "{otherclasses}", "FCheckAmountFor", "FCheckAmount", "t.FBillTypeID IN (1005, 1007)"},
+    {"{other}", "FBillID", "{otherclasses}", "FCheckAmountFor", "FCheckAmount", "t.FBillTypeID = {immediate}"},
 };
 
 // What the bill's rows settle of each source of the kind: straight, and through the row that a refund row names; with

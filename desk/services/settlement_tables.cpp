@@ -8,7 +8,8 @@ namespace desk {
 std::string side_sql(const SettlementTables& tables, std::string_view sTemplate) {
   const std::string sClass = std::to_string(tables.nClass);
   const std::string sAdvance = std::to_string(tables.nAdvanceType);
-  const std::array<std::pair<std::string_view, std::string_view>, 16> names{{{"bill", tables.sBill},
+  const std::string sImmediate = std::to_string(tables.nImmediateType);
+  const std::array<std::pair<std::string_view, std::string_view>, 17> names{{{"bill", tables.sBill},
                                                                              {"entry", tables.sEntry},
                                                                              {"class", sClass},
                                                                              {"type", tables.sType},
@@ -21,6 +22,7 @@ std::string side_sql(const SettlementTables& tables, std::string_view sTemplate)
                                                                              {"invoicepartner", tables.sInvoicePartner},
                                                                              {"other", tables.sOther},
                                                                              {"otherclasses", tables.sOtherClasses},
+                                                                             {"immediate", sImmediate},
                                                                              {"openview", tables.sOpenView},
                                                                              {"viewpartner", tables.sViewPartner},
                                                                              {"partners", tables.sPartnerTable}}};

@@ -27,6 +27,7 @@ struct SettlementTables {
   std::string_view sInvoicePartner;
   std::string_view sOther;  // other bills, keyed by FBillID
   std::string_view sOtherClasses;
+  std::int32_t nImmediateType;    // the other bills that are settled when they are made
   std::string_view sOpenView;     // open items
   std::string_view sViewPartner;  // their partner column
   std::string_view sPartnerTable;
@@ -55,6 +56,7 @@ inline constexpr SettlementTables kReceiptTables{
     .sInvoicePartner = "FCustID",
     .sOther = "t_RP_ROtherBill",
     .sOtherClasses = "1000205",
+    .nImmediateType = 1005,
     .sOpenView = "vw_arap_RBillList",
     .sViewPartner = "FOriCustID",
     .sPartnerTable = "t_Organization",
@@ -83,6 +85,7 @@ inline constexpr SettlementTables kPaymentTables{
     .sInvoicePartner = "FSupplyID",
     .sOther = "t_RP_POtherBill",
     .sOtherClasses = "1000206",
+    .nImmediateType = 1007,
     .sOpenView = "vw_arap_PBillList",
     .sViewPartner = "FOriSupplyID",
     .sPartnerTable = "t_Supplier",
@@ -99,7 +102,7 @@ inline constexpr SettlementTables kPaymentTables{
 
 /// The template with every "{name}" replaced by the side's table or column: {bill}, {entry}, {class}, {type},
 /// {advance}, {partner}, {got}, {number}, {invoice}, {invoiceclasses}, {invoicepartner}, {other}, {otherclasses},
-/// {openview}, {viewpartner}, {partners}.
+/// {immediate}, {openview}, {viewpartner}, {partners}.
 std::string side_sql(const SettlementTables& tables, std::string_view sTemplate);
 
 }  // namespace desk

@@ -27,6 +27,9 @@ struct TaskHolder {
   std::string sSince;
 };
 
+/// The system that the module's tasks belong to.
+inline constexpr std::int32_t kTaskSystem = 21;
+
 /// The cross-seat lock, kept in the book so that every seat sees it. A task names a function and the records it guards;
 /// without a record it guards the function as a whole.
 class TaskMutex {

@@ -16,7 +16,6 @@ constexpr std::int32_t kRoot = 1000207;
 constexpr std::string_view kModifyTask = "pu0551";
 constexpr std::string_view kDeleteTask = "pu0552";
 constexpr std::string_view kStateTask = "pu0553";
-constexpr std::int32_t kTaskSystem = 21;
 
 [[noreturn]] void refuse(const std::string& sWhat, const std::string& sType, const std::string& sHint = {}) {
   throw DeskError(ErrorKind::Constraint, sWhat, "t_RP_InOutType " + sType, sHint);

@@ -201,7 +201,7 @@ void BaseDataView::show_bill() {
 
 bool BaseDataView::may_delete(const BaseItem& item) {
   const QString sText = words("是否删除“%1”？").arg(qt(item.sNumber) + QStringLiteral(" ") + qt(item.sName));
-  return seat().session.platform().MsgBox(utf8(sText), arap::kQuestion, "青柚提示") == kButtonYes;
+  return seat().session.platform().MsgBox(utf8(sText), arap::kQuestion, arap::kTitle) == kButtonYes;
 }
 
 void BaseDataView::retranslate() {

@@ -69,7 +69,7 @@ inline void add_other_bills(Database& database, const OtherTables& tables, std::
                " (?, ?, ?, ?, ?)");
   const std::int32_t nFirstType = money_comes_in(tables.side) ? 3 : 5;
   for (std::int32_t n = kFirstNew; n < kFirstNew + nCount; ++n) {
-    database.exec(sHead, {Bind(n), Bind("B" + std::to_string(n)), Bind(tables.nImmediateType)});
+    database.exec(sHead, {Bind(n), Bind("B" + std::to_string(n)), Bind(tables.side.nImmediateType)});
     for (const auto& [nIndex, units] : {std::pair(1, 600'000), std::pair(2, 400'000)})
       database.exec(sEntry,
                     {Bind(n), Bind(nIndex), Bind(nFirstType + nIndex - 1), Bind(Money{units}), Bind(Money{units})});

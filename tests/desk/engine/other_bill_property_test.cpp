@@ -37,7 +37,7 @@ class OtherBillProperty : public OtherBillWorld {
   void new_bill() {
     const bool bCredit = random(0, 3) != 0;
     const std::int64_t nCents = random(1, 100'000);
-    fill(bCredit ? tables().nCreditType : tables().nImmediateType, GetParam().sSecond, text_of(nCents));
+    fill(bCredit ? tables().nCreditType : tables().side.nImmediateType, GetParam().sSecond, text_of(nCents));
     ASSERT_TRUE(window->save()) << last_message();
     model.add(window->bill_id(), bCredit, nCents);
   }

@@ -13,7 +13,7 @@ INSTANTIATE_TEST_SUITE_P(Sides, OtherBillRoad, ::testing::ValuesIn(kOtherSides),
 
 TEST_P(OtherBillRoad, ANewBillIsAnImmediateOneInBaseCurrency) {
   window->new_bill();
-  EXPECT_EQ(text("FBillTypeID"), std::to_string(tables().nImmediateType));
+  EXPECT_EQ(text("FBillTypeID"), std::to_string(tables().side.nImmediateType));
   EXPECT_EQ(text("FCurrencyID"), "1");
   EXPECT_TRUE(window->locked("FExchangeRate"));
   EXPECT_TRUE(window->locked("FLimitDate"));
@@ -38,7 +38,7 @@ TEST_P(OtherBillRoad, ACreditBillIsDueByThePartnersTerms) {
   EXPECT_EQ(text("FLimitDate"), "2026-11-25");
   ASSERT_TRUE(window->type_field("FDate", -1, "2026-11-16"));  // ten days later the pay day is past
   EXPECT_EQ(text("FLimitDate"), "2026-12-25");
-  ASSERT_TRUE(window->type_field("FBillTypeID", -1, std::to_string(tables().nImmediateType)));
+  ASSERT_TRUE(window->type_field("FBillTypeID", -1, std::to_string(tables().side.nImmediateType)));
   EXPECT_EQ(text("FLimitDate"), "2026-11-16");
 }
 
@@ -50,7 +50,7 @@ TEST_P(OtherBillRoad, TheHeadFollowsTheRowsInBothCurrencies) {
   EXPECT_EQ(text("FAmountFor"), "10.5");
   EXPECT_EQ(text("FAmount"), "74.55");
   EXPECT_EQ(text("FCheckAmount"), "0");
-  ASSERT_TRUE(window->type_field("FBillTypeID", -1, std::to_string(tables().nImmediateType)));
+  ASSERT_TRUE(window->type_field("FBillTypeID", -1, std::to_string(tables().side.nImmediateType)));
   EXPECT_EQ(text("FCheckAmountFor"), "10.5");
   EXPECT_EQ(text("FCheckAmount"), "74.55");
 }
@@ -58,7 +58,7 @@ TEST_P(OtherBillRoad, TheHeadFollowsTheRowsInBothCurrencies) {
 TEST_P(OtherBillRoad, TheKindOfAStoredBillCanChangeAndItsSettledAmountFollows) {
   fill_credit(GetParam().sSecond, "10");
   ASSERT_TRUE(window->save()) << last_message();
-  ASSERT_TRUE(window->type_field("FBillTypeID", -1, std::to_string(tables().nImmediateType)));
+  ASSERT_TRUE(window->type_field("FBillTypeID", -1, std::to_string(tables().side.nImmediateType)));
   ASSERT_TRUE(window->save()) << last_message();
   EXPECT_EQ(text("FCheckAmountFor"), "10");
   ASSERT_TRUE(window->type_field("FBillTypeID", -1, std::to_string(tables().nCreditType)));
@@ -109,7 +109,7 @@ TEST_P(OtherBillRoad, ARefusingLimitTakesTheAmountUpToTheLimitAndNotACentMore) {
 
 TEST_P(OtherBillRoad, AnImmediateBillKnowsNoLimit) {
   degree("3");
-  fill(tables().nImmediateType, GetParam().sFirst, "900000");
+  fill(tables().side.nImmediateType, GetParam().sFirst, "900000");
   EXPECT_TRUE(window->save()) << last_message();
 }
 

@@ -51,7 +51,7 @@ TEST_P(OtherPostingOfBothSides, ACheckedCreditBillIsOpenInFull) {
 }
 
 TEST_P(OtherPostingOfBothSides, ACheckedImmediateBillIsSettledInBothCurrencies) {
-  add_other(3, tables().nImmediateType, 40'00, 284'01);
+  add_other(3, tables().side.nImmediateType, 40'00, 284'01);
   EXPECT_TRUE(posting().check(3, "li").bDone);
   EXPECT_EQ(settled(3), "40.00");
   EXPECT_EQ(settled(3, "FCheckAmount"), "284.01");
@@ -60,7 +60,7 @@ TEST_P(OtherPostingOfBothSides, ACheckedImmediateBillIsSettledInBothCurrencies) 
 }
 
 TEST_P(OtherPostingOfBothSides, NothingIsSettledOfAnImmediateBill) {
-  add_other(3, tables().nImmediateType, 40'00, 40'00);
+  add_other(3, tables().side.nImmediateType, 40'00, 40'00);
   ASSERT_TRUE(posting().check(3, "li").bDone);
   settle(7, 3, -10'00);
   EXPECT_EQ(settlements().check(7, "li").sRefusal, "源单[QT3]未核销余额只剩 0.00,不能核销 -10.00,审核失败。");

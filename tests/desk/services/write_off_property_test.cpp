@@ -70,7 +70,7 @@ class WriteOffs : public ::testing::TestWithParam<PropertySide> {
       row.put(bill->field(bill->find_key(sKey)).nPosition, std::move(vValue));
     };
     put(*head, "FDate", "2026-11-05");
-    put(*head, "FBillTypeID", bCredit ? kind.other->nCreditType : kind.other->nImmediateType);
+    put(*head, "FBillTypeID", bCredit ? kind.other->nCreditType : kind.other->side.nImmediateType);
     put(*head, "FCurrencyID", std::int32_t{1});
     for (const char* sKey : {"FAmountFor", "FAmount"}) put(*head, sKey, dAmount);
     for (const char* sKey : {"FCheckAmountFor", "FCheckAmount"}) put(*head, sKey, bCredit ? 0.0 : dAmount);
