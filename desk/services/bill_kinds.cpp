@@ -11,8 +11,8 @@ namespace desk {
 namespace {
 
 constexpr std::array<BillKind, 4> kKinds{{
-    {"receipt", kReceiptTables.sTemplate, kReceiptTables.nClass, kReceiptTables, nullptr},
-    {"payment", kPaymentTables.sTemplate, kPaymentTables.nClass, kPaymentTables, nullptr},
+    {"receipt", "receipt", kReceiptTables.nClass, kReceiptTables, nullptr},
+    {"payment", "payment", kPaymentTables.nClass, kPaymentTables, nullptr},
     {"receivable", "other_receivable", kOtherReceivableTables.nClass, kReceiptTables, &kOtherReceivableTables},
     {"payable", "other_payable", kOtherPayableTables.nClass, kPaymentTables, &kOtherPayableTables},
 }};
