@@ -11,6 +11,7 @@
 
 #include "data/connection.h"
 #include "data/patience.h"
+#include "data/qt_text.h"
 #include "data/schema.h"
 #include "frame/conversions.h"
 
@@ -245,8 +246,7 @@ void Database::exec_script(std::string_view sScript) {
 void Database::run_as_it_stands(std::string_view sSql) {
   in_turn(sSql, [&] {
     QSqlQuery query(connection_->named.database);
-    const QString sText = QString::fromUtf8(sSql.data(), static_cast<qsizetype>(sSql.size()));
-    if (!query.exec(sText)) engine_->throw_error(query.lastError(), std::string(sSql));
+    if (!query.exec(qt(sSql))) engine_->throw_error(query.lastError(), std::string(sSql));
   });
 }
 

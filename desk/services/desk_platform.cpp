@@ -5,6 +5,7 @@
 #include <QFileInfo>
 #include <QSysInfo>
 
+#include "data/qt_text.h"
 #include "data/trace.h"
 #include "frame/messages.h"
 
@@ -19,12 +20,8 @@ constexpr int kReadOnly = 1;
 constexpr int kArchive = 32;
 constexpr int kFileNotFound = 53;
 
-QString qt_text(std::string_view sText) {
-  return QString::fromUtf8(sText.data(), static_cast<qsizetype>(sText.size()));
-}
-
 QFileInfo existing_file(std::string_view sPath) {
-  QFileInfo info(qt_text(sPath));
+  QFileInfo info(qt(sPath));
   if (!info.exists()) throw arap::AutomationError(kFileNotFound, "desk", "File not found: " + std::string(sPath));
   return info;
 }
@@ -74,7 +71,7 @@ void DeskPlatform::StartHelpViewer(std::string_view sPath) {
   if (help_viewer_) help_viewer_(help_files_.back());
 }
 
-bool DeskPlatform::FileExists(std::string_view sPath) { return QFileInfo(qt_text(sPath)).isFile(); }
+bool DeskPlatform::FileExists(std::string_view sPath) { return QFileInfo(qt(sPath)).isFile(); }
 
 int DeskPlatform::FileAttributes(std::string_view sPath) {
   return existing_file(sPath).isWritable() ? kArchive : kReadOnly;

@@ -1,17 +1,9 @@
 #pragma once
 
-#include <QString>
+#include "data/qt_text.h"
 
-#include <string>
-#include <string_view>
-
-/// Between the engine's UTF-8 and Qt's texts.
+/// Texts as the windows show them.
 namespace desk {
-
-inline QString qt(std::string_view sText) {
-  return QString::fromUtf8(sText.data(), static_cast<qsizetype>(sText.size()));
-}
-inline std::string utf8(const QString& sText) { return sText.toStdString(); }
 
 /// An amount as people read it, its digits in groups of three: 1234567.50 is 1,234,567.50. Any other text stays.
 QString grouped(QString sAmount);
