@@ -152,7 +152,7 @@ Variant Bar::invoke(Member member, Access access, Arguments args) {
     case Member::Tools:
       if (!args.empty()) return item_of(tools_, args[0]);
       return arap::make_object<ToolList>(Ref<Bar>(this), Ref<BarBand>());
-    case Member::RecalcLayout: relayout(); return {};
+    case Member::RecalcLayout: return {};  // a view draws its bars anew after each command
     default: no_such_member(member);
   }
 }

@@ -87,15 +87,11 @@ class Bar final : public arap::Object {
 
   const std::vector<arap::Ref<BarTool>>& tools() const { return tools_; }
   const std::vector<arap::Ref<BarBand>>& bands() const { return bands_; }
-  /// How often the bar was asked to lay itself out; a view redraws when the number moves.
-  std::int32_t layouts() const { return layouts_; }
-  void relayout() { ++layouts_; }
 
  private:
   std::vector<arap::Ref<BarTool>> tools_;
   std::vector<arap::Ref<BarBand>> bands_;
   std::vector<std::pair<bool, bool>> kept_;  // visible and enabled, in the order of the tools
-  std::int32_t layouts_ = 0;
 };
 
 /// What a command of a shipped bar is called. A command without a caption is one that the desk doesn't serve; no view

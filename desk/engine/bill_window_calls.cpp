@@ -115,7 +115,7 @@ Variant BillWindow::bar_call(Member member, Arguments args) {
   switch (member) {
     case Member::SetBarStatus: set_bar_status(args); return {};
     case Member::SetStatusPanel: panels_[arap::LongOf(argument(args, 0))] = arap::Concat(argument(args, 1)); return {};
-    case Member::BarRefresh: bar_->relayout(); return {};
+    case Member::BarRefresh: return {};  // a view draws its bars anew after each command
     default: return bar_;
   }
 }

@@ -44,7 +44,6 @@ class SourceList {
 /// Picks rows of a selection (0-based); none closes it without a choice.
 using SourceChooser = std::function<std::vector<std::size_t>(const SourceList&)>;
 SourceChooser choose_all();
-SourceChooser choose_numbers(std::vector<std::string> aBillNumbers);
 SourceChooser choose_where(std::function<bool(const SourceList&, std::size_t)> wanted);
 
 /// What a bill window needs of its surroundings. The database outlives the window.

@@ -67,12 +67,6 @@ SourceChooser choose_all() {
   return choose_where([](const SourceList&, std::size_t) { return true; });
 }
 
-SourceChooser choose_numbers(std::vector<std::string> aBillNumbers) {
-  return choose_where([aNumbers = std::move(aBillNumbers)](const SourceList& list, std::size_t nRow) {
-    return std::find(aNumbers.begin(), aNumbers.end(), list.text(nRow, "FBillNo")) != aNumbers.end();
-  });
-}
-
 /// The selection window: the plug-in's filter, the list, the choice, the fill.
 Outcome BillWindow::select_sources(std::int32_t nType) {
   const auto& aSelections = template_->selections();

@@ -23,7 +23,7 @@ Variant BillFormObject::invoke(Member member, Access access, Arguments args) try
       window_->select_sources(pTool->selection_type());
       return {};
     }
-    case Member::RefreshToolbar: window_->bar_->relayout(); return {};
+    case Member::RefreshToolbar: return {};  // a view draws its bars anew after each command
     case Member::Data: return window_->data(args);
     default: no_such_member(member);
   }

@@ -11,8 +11,6 @@
 
 namespace desk {
 
-using arap::operator""_key;
-
 Value ShownBills::value(std::size_t nRow, std::string_view sColumn) const {
   const auto found = std::ranges::find_if(
       aColumns, [sColumn](const std::string& sOther) { return arap::EqualsNoCase(sOther, sColumn); });
@@ -22,28 +20,16 @@ Value ShownBills::value(std::size_t nRow, std::string_view sColumn) const {
 
 namespace {
 
-// What a column of the key vector stands for.
-constexpr std::int32_t kIdColumn = 1;
-constexpr std::int32_t kTypeColumn = 3;
-
 // The window that shows a list of bills given to it. It holds nothing open: what it shows becomes an entry of the
 // session, which a view draws.
 class BillListWindow final : public Component {
  public:
   explicit BillListWindow(Session& session) : Component("Bills"), session_(session) {
-    // The desk has one system and one connection.
-    for (const Member member : {Member::SystemName, Member::LocalCnn}) on(member, [](Arguments) { return Variant(); });
+    // The desk has one system, one connection and one user, and finds the columns by their names.
+    for (const Member member : {Member::SystemName, Member::LocalCnn, Member::ListRSFieldVect, Member::SetOpt})
+      on(member, [](Arguments) { return Variant(); });
     on(Member::ListRecordset, [this](Arguments args) {
       read_rows(argument(args, 0));
-      return Variant();
-    });
-    on(Member::ListRSFieldVect, [this](Arguments args) {
-      read_columns(arap::Vector(argument(args, 0)));
-      return Variant();
-    });
-    on(Member::SetOpt, [this](Arguments args) {
-      bills_.nUserID = long_argument(args, 0);
-      bills_.sUserName = text_argument(args, 1);
       return Variant();
     });
     on(Member::Show, [this](Arguments) {
@@ -63,15 +49,6 @@ class BillListWindow final : public Component {
     for (const arap::Recordset rs(vRecordset); !rs.Eof(); rs.MoveNext()) {
       std::vector<Value>& row = bills_.aRows.emplace_back();
       for (std::size_t n = 0; n < oRows->column_count(); ++n) row.push_back(oRows->current(n));
-    }
-  }
-
-  void read_columns(const arap::Vector& oColumns) {
-    for (std::int32_t n = 1; n <= oColumns.Size(); ++n) {
-      const arap::Dictionary oColumn(oColumns.Item(n));
-      const std::int32_t nPrimary = arap::LongOf(oColumn.Value("FISPrimary"_key));
-      if (nPrimary == kIdColumn) bills_.sIdColumn = arap::Concat(oColumn.Value("FColName"_key));
-      if (nPrimary == kTypeColumn) bills_.sTypeColumn = arap::Concat(oColumn.Value("FColName"_key));
     }
   }
 

@@ -46,14 +46,14 @@ class DeskPlatform final : public arap::Platform {
   void clear_messages() { messages_.clear(); }
   /// The machine under which this seat takes its tasks; that of the system by default.
   void set_computer_name(std::string sName) { computer_name_ = std::move(sName); }
-  int mouse_pointer() const { return mouse_pointer_; }
   /// The help viewer of this machine. Without one the files are only kept.
   void set_help_viewer(std::function<void(const std::string& sPath)> viewer) { help_viewer_ = std::move(viewer); }
   /// The help files that were opened, by the path as the library wrote it.
   const std::vector<std::string>& help_files() const { return help_files_; }
 
   int MsgBox(std::string_view sText, int nButtons, std::string_view sTitle) override;
-  void SetMousePointer(int nPointer) override { mouse_pointer_ = nPointer; }
+  /// The views show by themselves that a command runs.
+  void SetMousePointer(int) override {}
   arap::Ref<arap::Object> CreateObject(std::string_view sProgID) override { return registry_.create(sProgID); }
   std::optional<std::string> ComputerName() override;
   std::int32_t ProcessId() override { return process_id_; }
@@ -75,7 +75,6 @@ class DeskPlatform final : public arap::Platform {
   std::deque<int> answers_;
   std::vector<ShownMessage> messages_;
   std::string computer_name_;
-  int mouse_pointer_ = 0;
   std::function<void(const std::string&)> help_viewer_;
   std::vector<std::string> help_files_;
 };

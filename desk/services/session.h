@@ -11,12 +11,6 @@
 
 namespace desk {
 
-/// One call of the help viewer.
-struct HelpCall {
-  std::string sFile;
-  std::string sTopic;
-};
-
 /// A seat: one open book with one user logged in. It makes every server component by ProgID and installs its platform
 /// for the calling thread; the former platform comes back when it ends. The database outlives it. Needs a
 /// QCoreApplication.
@@ -41,8 +35,7 @@ class Session {
   /// Puts this seat's platform back in charge, where several seats share a thread.
   void activate() { arap::InstallPlatform(&platform_); }
 
-  /// What the user was shown beside boxes: help topics, vouchers, result lists and lists of bills, in order.
-  std::vector<HelpCall> help_calls;
+  /// What the user was shown beside boxes: vouchers, result lists and lists of bills, in order.
   std::vector<std::int32_t> shown_vouchers;  // their ids
   std::vector<std::string> shown_results;
   std::vector<ShownBills> shown_bill_lists;

@@ -62,11 +62,6 @@ class ResultGrid final : public Component {
   std::string text_;
 };
 
-Variant show_help(Session& session, Arguments args) {
-  session.help_calls.push_back({text_argument(args, 0), text_argument(args, 1)});
-  return {};
-}
-
 }  // namespace
 
 void register_small_services(Session& session) {
@@ -81,9 +76,9 @@ void register_small_services(Session& session) {
                                            return credit_text(database, text_argument(args, 0), long_argument(args, 1));
                                          }}});
   });
-  registry.add("NUVCHMResTool.ClsCHMHelp", [&session] {
-    return make_component("ClsCHMHelp",
-                          {{Member::ShowHelp, [&session](Arguments args) { return show_help(session, args); }}});
+  // The desk has no help of its own.
+  registry.add("NUVCHMResTool.ClsCHMHelp", [] {
+    return make_component("ClsCHMHelp", {{Member::ShowHelp, [](Arguments) { return Variant(); }}});
   });
   // The desk's forms take their font from the desktop, so there is nothing to set.
   registry.add("NUVFrmRes.FrmResLoader", [] {

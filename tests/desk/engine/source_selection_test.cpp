@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "desk/choose_number.h"
 #include "desk/engine/engine_world.h"
 
 namespace desk::testing {
@@ -48,20 +49,20 @@ TEST_P(Selection, TheFilterAndOrderOfThePluginRuleTheList) {
 
 TEST_P(Selection, AddModelKeepsTheRowsThatWereThereAndOtherwiseTheyGo) {
   add_rows();
-  window->set_chooser(choose_numbers({"INV1"}));
+  window->set_chooser(choose_number("INV1"));
   ASSERT_TRUE(window->press(GetParam().sSelect));
-  window->set_chooser(choose_numbers({"INV2"}));
+  window->set_chooser(choose_number("INV2"));
   ASSERT_TRUE(window->press(GetParam().sSelect));
   EXPECT_EQ(window->body().size(), 2u);
   plugin->handlers.clear();
-  window->set_chooser(choose_numbers({"INV3"}));
+  window->set_chooser(choose_number("INV3"));
   ASSERT_TRUE(window->press(GetParam().sSelect));
   ASSERT_EQ(window->body().size(), 1u);
   EXPECT_EQ(arap::Concat(window->value(GetParam().sNumber, 1)), "INV3");
 }
 
 TEST_P(Selection, ClosingWithoutAChoiceLeavesTheBillAndSendsNoMoreEvents) {
-  window->set_chooser(choose_numbers({"nothing of that name"}));
+  window->set_chooser(choose_number("nothing of that name"));
   EXPECT_FALSE(window->press(GetParam().sSelect));
   EXPECT_EQ(window->body().size(), 0u);
   EXPECT_EQ(plugin->aEvents.back(), "BeforeSelBills");

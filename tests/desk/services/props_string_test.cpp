@@ -2,6 +2,7 @@
 
 #include "data/demo.h"
 #include "desk/book_contents.h"
+#include "desk/choose_number.h"
 #include "desk/data/temp_book.h"
 #include "engine/bill_window.h"
 #include "services/component.h"
@@ -45,7 +46,7 @@ class BrokenProps : public ::testing::TestWithParam<std::pair<const char*, const
 TEST_P(BrokenProps, IsToldAtTheCommandThatNeedsItAndChangesNothing) {
   Host host(*book.database);
   host.sToday = "2026-11-21";
-  host.choose_sources = choose_numbers({"XSFP000003"});
+  host.choose_sources = choose_number("XSFP000003");
   const OpenBillWindow window = open_bill_window(host, BillTemplate::shipped("receipt"));
   window->new_bill();
   ASSERT_TRUE(window->type_field("FReceiveTypeID", -1, "1001"));
