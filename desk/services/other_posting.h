@@ -22,12 +22,9 @@ class OtherPosting final : public BillPosting {
   PostingResult remove(std::int32_t nBillID) override;
 
  private:
-  struct Head;
-
-  Head read_head(std::int32_t nBillID, std::string_view sAction);
-  void refuse_settled_bill(const Head& head);
-  void refuse_drawn_bill(const Head& head);
-  std::string name_of(const Head& head) const;
+  posting::BillHead open_head(std::int32_t nBillID, std::string_view sAction);
+  void refuse_settled_bill(const posting::BillHead& head);
+  void refuse_drawn_bill(const posting::BillHead& head);
   std::string sql(std::string_view sTemplate) const { return side_sql(tables_.side, sTemplate); }
 
   Database& database_;

@@ -51,6 +51,32 @@ inline constexpr std::string_view kDelete = "删除";
   throw Refusal{std::string(sReason) + "," + std::string(sAction) + "失败。"};
 }
 
+/// Where the heads of one kind of bill stand, and what the user calls the bill.
+struct BillPlace {
+  std::string_view sTable;
+  std::string_view sBillName;
+  std::string sColumns;  // that its posting asks for, as a list of the SELECT
+};
+
+/// The head of a bill that an action is about to be done to.
+struct BillHead {
+  std::int32_t nBillID = 0;
+  std::string sBillNo;
+  std::int32_t nVoucher = 0;
+  Rows row;  // one row, with the columns that were asked for
+};
+
+/// Reads the head of a bill. Refuses the action for a bill that isn't there, for one that the seat has lost its lock
+/// on, and for one in the wrong state: only a checked bill is unchecked, only one that isn't checked is checked or
+/// deleted.
+BillHead open_head(Database& database, const BillPlace& place, std::int32_t nBillID, std::string_view sAction,
+                   const BillPosting::LockLost& lock_lost);
+
+/// Refuses the action for a bill that has a voucher.
+void refuse_with_voucher(const BillHead& head, std::string_view sAction);
+/// Refuses the action because something was settled of the bill.
+[[noreturn]] void refuse_as_settled(const BillHead& head, std::string_view sAction);
+
 /// The day of a check, yyyy-mm-dd by this machine's clock.
 std::string check_date();
 

@@ -2,6 +2,7 @@
 
 namespace desk {
 
+using posting::BillHead;
 using posting::in_transaction;
 using posting::kCheck;
 using posting::kDelete;
@@ -72,22 +73,9 @@ std::string out_of_range(std::string_view sAfter, std::string_view sWhole) {
 
 }  // namespace
 
-struct SettlementPosting::Head {
-  std::int32_t nBillID = 0;
-  std::string sBillNo;
-  bool bChecked = false;
-  std::int32_t nType = 0;
-  std::int32_t nPartner = 0;
-  std::int32_t nCurrency = 0;
-  std::int32_t nVoucher = 0;
-  Money amount;
-  Money used;
-};
-
 PostingResult SettlementPosting::check(std::int32_t nBillID, const std::string& sUser) {
   return in_transaction(database_, [&] {
-    const Head head = read_head(nBillID, kCheck);
-    if (head.bChecked) refuse(std::string(tables_.sBillName) + "[" + head.sBillNo + "]已经审核", kCheck);
+    const BillHead head = open_head(nBillID, kCheck);
     refuse_advance_overdraw(head, kCheck, true);
     refuse_over_settling(nBillID, kCheck, true);
     // From here on nothing is refused.
@@ -100,8 +88,7 @@ PostingResult SettlementPosting::check(std::int32_t nBillID, const std::string& 
 
 PostingResult SettlementPosting::uncheck(std::int32_t nBillID) {
   return in_transaction(database_, [&] {
-    const Head head = read_head(nBillID, kUncheck);
-    if (!head.bChecked) refuse(std::string(tables_.sBillName) + "[" + head.sBillNo + "]没有审核", kUncheck);
+    const BillHead head = open_head(nBillID, kUncheck);
     refuse_used_bill(head, kUncheck);
     refuse_advance_overdraw(head, kUncheck, false);
     refuse_over_settling(nBillID, kUncheck, false);
@@ -115,8 +102,7 @@ PostingResult SettlementPosting::uncheck(std::int32_t nBillID) {
 
 PostingResult SettlementPosting::remove(std::int32_t nBillID) {
   return in_transaction(database_, [&] {
-    const Head head = read_head(nBillID, kDelete);
-    if (head.bChecked) refuse(std::string(tables_.sBillName) + "[" + head.sBillNo + "]已经审核", kDelete);
+    const BillHead head = open_head(nBillID, kDelete);
     refuse_used_bill(head, kDelete);
     database_.exec(sql("DELETE FROM {entry} WHERE FBillID = ?"), {Bind(nBillID)});
     database_.exec(sql("DELETE FROM {bill} WHERE FBillID = ?"), {Bind(nBillID)});
@@ -131,40 +117,24 @@ Money SettlementPosting::unused_advance(std::int32_t nPartner, std::int32_t nCur
                       {Bind(nPartner), Bind(nCurrency), Bind(nWithoutBill)}));
 }
 
-SettlementPosting::Head SettlementPosting::read_head(std::int32_t nBillID, std::string_view sAction) {
-  const Rows rows = database_.query(sql("SELECT FBillNo, FStatus, {type} AS FType, {partner} AS FPartner, FCurrencyID,"
-                                        " FVoucherID, FAmountFor, FCheckAmountFor FROM {bill} WHERE FBillID = ?"),
-                                    {Bind(nBillID)});
-  if (rows.empty()) refuse(std::string(tables_.sBillName) + "已被删除", sAction);
-  Head head;
-  head.nBillID = nBillID;
-  head.sBillNo = rows.text(0, "FBillNo");
-  head.bChecked = rows.integer(0, "FStatus") == 1;
-  head.nType = rows.integer(0, "FType");
-  head.nPartner = rows.integer(0, "FPartner");
-  head.nCurrency = rows.integer(0, "FCurrencyID");
-  head.nVoucher = rows.integer(0, "FVoucherID");
-  head.amount = rows.money(0, "FAmountFor");
-  head.used = rows.money(0, "FCheckAmountFor");
-  if (lock_lost_ && lock_lost_(nBillID)) refuse("单据[" + head.sBillNo + "]的锁定已失效,请重新操作", sAction);
-  return head;
+BillHead SettlementPosting::open_head(std::int32_t nBillID, std::string_view sAction) {
+  const posting::BillPlace place{
+      tables_.sBill, tables_.sBillName,
+      sql("{type} AS FType, {partner} AS FPartner, FCurrencyID, FAmountFor, FCheckAmountFor")};
+  return posting::open_head(database_, place, nBillID, sAction, lock_lost_);
 }
 
 // The advances of a partner never add up to less than nothing.
-void SettlementPosting::refuse_advance_overdraw(const Head& head, std::string_view sAction, bool bCheck) {
-  if (head.nType != tables_.nAdvanceType) return;
-  const Money rest = unused_advance(head.nPartner, head.nCurrency, head.nBillID);
-  const Money after = bCheck ? rest + head.amount : rest;
-  if (after < Money{}) {
-    refuse("该" + std::string(tables_.sPartnerName) + "的预收付余额只剩 " +
-               (after - (bCheck ? head.amount : Money{})).text(),
-           sAction);
-  }
+void SettlementPosting::refuse_advance_overdraw(const BillHead& head, std::string_view sAction, bool bCheck) {
+  if (head.row.integer(0, "FType") != tables_.nAdvanceType) return;
+  const Money rest = unused_advance(head.row.integer(0, "FPartner"), head.row.integer(0, "FCurrencyID"), head.nBillID);
+  const Money after = bCheck ? rest + head.row.money(0, "FAmountFor") : rest;
+  if (after < Money{}) refuse("该" + std::string(tables_.sPartnerName) + "的预收付余额只剩 " + rest.text(), sAction);
 }
 
-void SettlementPosting::refuse_used_bill(const Head& head, std::string_view sAction) {
-  if (head.nVoucher != 0) refuse("单据[" + head.sBillNo + "]已经生成凭证", sAction);
-  if (!head.used.is_zero()) refuse("单据[" + head.sBillNo + "]已经被核销", sAction);
+void SettlementPosting::refuse_used_bill(const BillHead& head, std::string_view sAction) {
+  posting::refuse_with_voucher(head, sAction);
+  if (!head.row.money(0, "FCheckAmountFor").is_zero()) posting::refuse_as_settled(head, sAction);
   const Rows rows = database_.query(sql("SELECT FIndex FROM {entry} WHERE FBillID = ? AND FBackAmountFor <> 0 LIMIT 1"),
                                     {Bind(head.nBillID)});
   if (!rows.empty())

@@ -28,11 +28,9 @@ class SettlementPosting final : public BillPosting {
   Money unused_advance(std::int32_t nPartner, std::int32_t nCurrency, std::int32_t nWithoutBill);
 
  private:
-  struct Head;
-
-  Head read_head(std::int32_t nBillID, std::string_view sAction);
-  void refuse_advance_overdraw(const Head& head, std::string_view sAction, bool bCheck);
-  void refuse_used_bill(const Head& head, std::string_view sAction);
+  posting::BillHead open_head(std::int32_t nBillID, std::string_view sAction);
+  void refuse_advance_overdraw(const posting::BillHead& head, std::string_view sAction, bool bCheck);
+  void refuse_used_bill(const posting::BillHead& head, std::string_view sAction);
   void refuse_over_settling(std::int32_t nBillID, std::string_view sAction, bool bCheck);
   void refuse_bad_source(std::string_view sCheckSql, std::int32_t nBillID, std::string_view sAction);
   void post_sources(std::int32_t nBillID, bool bCheck);
