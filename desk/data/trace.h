@@ -51,7 +51,7 @@ void trace_call(const arap::Object& object, arap::Member member, arap::Access ac
 /// A statement of the book's database with its parameters.
 void trace_translation(std::string_view sSql, const Binds& binds);
 
-/// Keeps the lines of the last commands, at most nMost of them.
+/// Keeps the first nMost lines and counts the others.
 class TraceLog final : public TraceObserver {
  public:
   struct Line {

@@ -84,7 +84,7 @@ class BillTemplate {
 
   static std::shared_ptr<const BillTemplate> load(const std::string& sPath);
   static std::shared_ptr<const BillTemplate> parse(std::string_view sJson, const std::string& sFile);
-  /// One of the templates that come with the desk: "receipt", "payment", "other_receivable" or "other_payable".
+  /// One of the templates that come with the desk: "receipt", "payment", "other_receivable", "other_payable" or "type".
   static std::shared_ptr<const BillTemplate> shipped(std::string_view sName);
 
   /// The field's number, or kNone. Keys of the program and the template's own texts are found by their place, others by

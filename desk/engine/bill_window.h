@@ -119,6 +119,8 @@ class BillWindow final : public arap::Object {
   Value default_value(const TemplateField& field) const;
   void give_lock();
   void show_loaded(std::int32_t nBillID, bool bReadOnly);
+  /// nullptr for a cell that isn't there.
+  DataRow* row_of(std::size_t nField, std::int32_t nRow) const;
 
   // bill_window_events.cpp
   void fire(arap::Event event, arap::Arguments args);
@@ -152,7 +154,6 @@ class BillWindow final : public arap::Object {
     Value vDisplay;
     Value vCode;
   };
-  DataRow* row_of(std::size_t nField, std::int32_t nRow) const;
   Outcome enter(std::size_t nField, std::int32_t nRow, std::string_view sText);
   Outcome read_entry(std::size_t nField, std::string_view sText, Entry& entry);
   Outcome read_look_up(std::size_t nField, std::string_view sText, Entry& entry);
@@ -170,6 +171,8 @@ class BillWindow final : public arap::Object {
   Outcome go_to_neighbour(RecordStore::Direction direction);
   Outcome delete_bill();
   Outcome delete_active_row();
+
+  // source_selection.cpp
   Outcome select_sources(std::int32_t nType);
   Rows read_sources(const SelectionSource& source, const std::string& sFilter, const arap::Object& oQuery);
   void append_sources(const Rows& rows, const std::vector<std::size_t>& aChosen);

@@ -52,7 +52,8 @@ class Session {
   TaskMutex tasks_;
 };
 
-/// The edit lock of a bill class is the task of its modify function: "AR0224" or "AP0224"; "" for a class without one.
+/// The edit lock of a bill class is the task of its modify function: "AR0224" or "AP0224" for settlement bills,
+/// "AR0302" or "AP0302" for other bills; "" for a class without one.
 std::string_view edit_function(std::int32_t nClassType);
 
 /// Each of these tells the registry the components of one topic.

@@ -37,8 +37,8 @@ class TaskMutex {
   TaskMutex(Database& database, std::function<Seat()> seat) : database_(database), seat_(std::move(seat)) {}
 
   /// The id of the new task, above 0; 0 when another seat holds the same function, or guards the same record through a
-  /// function of the same bill (the codes AR0223 to AR0228 guard one bill). Tasks that an ended seat left behind are
-  /// cleared first.
+  /// function of the same bill (codes that differ in their last digit alone guard one bill). Tasks that an ended seat
+  /// left behind are cleared first.
   std::int32_t take(std::int32_t nSystem, std::string_view sFunction, std::span<const std::int32_t> aRecords);
   /// False when this seat holds no such task.
   bool commit(std::int32_t nTaskID);
