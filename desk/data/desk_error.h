@@ -5,17 +5,19 @@
 
 namespace desk {
 
+/// What a program can tell errors apart by; a person reads the texts. Whichever comes up to the command line ends it
+/// with exit code 3.
 enum class ErrorKind {
   MissingFile,
-  NotABook,
-  WrongVersion,
-  Locked,
+  NotABook,      // neither a file nor a database that the desk has made
+  WrongVersion,  // a book of another version of the desk
+  Locked,        // somebody else writes or holds it; the same may succeed later
   DiskFull,
   ReadOnly,
-  Damaged,
-  Constraint,
-  UnsupportedSql,
-  BadValue,
+  Damaged,         // only a backup copy helps
+  Constraint,      // the book refuses the change: a number that is there already, a type in use
+  UnsupportedSql,  // a text of the original server's SQL that can't be carried over
+  BadValue,        // in a file, an argument or the book's own data
   Other,
 };
 

@@ -23,20 +23,23 @@ struct LiteralUse {
 };
 using Parameter = std::variant<LiteralUse, VariableUse>;
 
+/// One statement in the book's SQL, with a "?" for each parameter.
 struct TranslatedStatement {
   std::string sSql;
   std::vector<Parameter> aParameters;
   /// Variables that take the columns of the last row, in order; empty for a plain statement.
   std::vector<std::string> aAssigned;
-  bool bSelect = false;
+  bool bSelect = false;  // it answers rows
 };
 
+/// A variable that a batch declares; it is Null until a statement assigns it.
 struct SqlVariable {
   enum class Kind { Integer, Real, Text };
   std::string sName;
   Kind kind;
 };
 
+/// The statements of one text, in their order.
 struct SqlBatch {
   std::vector<SqlVariable> aVariables;
   std::vector<TranslatedStatement> aStatements;

@@ -22,9 +22,10 @@ struct CellExtras {
   std::vector<std::pair<std::string, arap::Variant>> aOthers;
 };
 
+/// A value with its marks.
 struct Cell {
   std::unique_ptr<CellExtras> pExtras;
-  std::int32_t nModify = 0;
+  std::int32_t nModify = 0;    // not 0: changed since the last load or store
   std::int8_t nDecimals = -1;  // -1: those of the column
   bool bLocked = false;
 

@@ -14,18 +14,21 @@
 
 namespace desk {
 
+/// What a field's value is: a key of a table, a text, an amount in units of the bill's currency, an exchange rate, a
+/// number of percent (97.5), a day as yyyy-mm-dd, a whole number.
 enum class FieldKind : std::uint8_t { Id, Text, Money, Rate, Percent, Date, Integer };
 
 /// Where a field gets its list from: table, key column, column of the code that a user types. The name is FName. What
 /// can be chosen meets the filter, a condition in the book's SQL; "" for none.
 struct LookUpSource {
-  std::int32_t nSourceType = 1;
+  std::int32_t nSourceType = 1;  // told to the plug-in; the desk looks up every type alike
   std::string sTable;
   std::string sKeyColumn;
   std::string sCodeColumn;
   std::string sFilter;
 };
 
+/// A field of the head or a column of a body.
 struct TemplateField {
   std::string sKey;
   arap::Text key;  // the same as a text of the door, one body for all who ask for it
@@ -35,12 +38,12 @@ struct TemplateField {
   std::string sDefault;
   FieldKind kind = FieldKind::Text;
   std::int32_t nPage = 1;
-  std::size_t nPosition = 0;  // within its page, from 0
-  std::int32_t nControlType = 0;
-  int nDecimals = 0;
+  std::size_t nPosition = 0;      // within its page, from 0
+  std::int32_t nControlType = 0;  // told to the plug-in; the desk's own cells follow the kind
+  int nDecimals = 0;              // shown ones, until the plug-in sets others
   bool bReadOnly = false;
   bool bVisible = true;
-  bool bInMap = false;
+  bool bInMap = false;      // the plug-in fills it with sSource when source bills are selected
   bool bStaysFree = false;  // a page lock passes over it
   bool bKept = false;       // only services write it after the first store: a save must not put an older state back
   std::optional<LookUpSource> lookUp;
@@ -59,17 +62,20 @@ struct TemplatePage {
   std::vector<std::size_t> aFields;
 };
 
+/// A kind of source bills that rows can be selected from.
 struct SelectionSource {
-  std::int32_t nType = 0;
+  std::int32_t nType = 0;  // as the command that opens the selection names it
   std::string sCaption;
-  std::string sView;
+  std::string sView;  // of the book, a row a source
 };
 
+/// A command of the window's bar.
 struct TemplateTool {
   std::string sName;
   std::string sCaption;
 };
 
+/// A menu or toolbar with the names of its commands, in order.
 struct TemplateBand {
   std::string sName;
   std::string sCaption;

@@ -5,6 +5,7 @@
 /// The smaller objects of a bill window. They are made when they are asked for and hold the window.
 namespace desk {
 
+/// The form of the window: its edit lock, saving, and the selection of source bills.
 class BillFormObject final : public arap::Object {
  public:
   explicit BillFormObject(arap::Ref<BillWindow> window) : window_(std::move(window)) {}
@@ -15,6 +16,7 @@ class BillFormObject final : public arap::Object {
   arap::Ref<BillWindow> window_;
 };
 
+/// The control with the cells: whether the bill can be edited, locks of fields and cells, the actions of a field.
 class BillCtlObject final : public arap::Object {
  public:
   explicit BillCtlObject(arap::Ref<BillWindow> window) : window_(std::move(window)) {}
@@ -25,6 +27,7 @@ class BillCtlObject final : public arap::Object {
   arap::Ref<BillWindow> window_;
 };
 
+/// A field on the screen: its text, whether it is visible, its lock.
 class ScreenFieldObject final : public arap::Object {
  public:
   ScreenFieldObject(arap::Ref<BillWindow> window, std::size_t nField) : window_(std::move(window)), field_(nField) {}

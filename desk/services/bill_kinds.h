@@ -25,6 +25,7 @@ std::span<const BillKind> bill_kinds();
 const BillKind* find_bill_kind(std::string_view sWord);
 const BillKind* find_bill_kind(std::int32_t nClass);
 
+/// Checks, unchecks and deletes the bills of a kind, which is one of bill_kinds(). The database outlives it.
 std::unique_ptr<BillPosting> make_posting(Database& database, const BillKind& kind,
                                           BillPosting::LockLost lock_lost = {});
 

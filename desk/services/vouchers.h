@@ -19,13 +19,14 @@ std::int32_t make_voucher(Session& session, const SettlementTables& tables, std:
 /// type without an account too.
 std::int32_t make_voucher(Session& session, const OtherTables& tables, std::int32_t nBillID);
 
-/// A voucher as it stands in the book, amounts in base currency.
+/// A line of a voucher, its amount in base currency.
 struct VoucherEntry {
   std::string sAccount;  // its number; "" with the name when the account has gone
   std::string sAccountName;
   bool bDebit;
   Money amount;
 };
+/// A voucher as it stands in the book, with the totals of its two sides.
 struct Voucher {
   std::int32_t nNumber;
   std::string sDate;
