@@ -1,6 +1,5 @@
 #include "windows/bill_list_view.h"
 
-#include <QLineEdit>
 #include <QTableView>
 
 #include <optional>
@@ -9,7 +8,6 @@
 #include "frame/conversions.h"
 #include "windows/batch_progress.h"
 #include "windows/captions.h"
-#include "windows/csv_export.h"
 #include "windows/qt_text.h"
 
 namespace desk {
@@ -89,11 +87,7 @@ void BillListView::run_desk_command(const std::string& sTool) {
     Q_EMIT bill_wanted(template_, 0);
   } else if (arap::EqualsNoCase(sTool, "mnuFileView") || arap::EqualsNoCase(sTool, "mnuEditModify")) {
     open_current();
-  } else if (arap::EqualsNoCase(sTool, "mnuDataFilter")) {
-    view_->filter().setFocus(Qt::ShortcutFocusReason);
-  } else if (arap::EqualsNoCase(sTool, "mnuExportData")) {
-    ask_and_export_csv(view_->model(), windowTitle(), this);
-  } else {
+  } else if (!run_lines_command(sTool, *view_, windowTitle())) {
     PluginRoom::run_desk_command(sTool);
   }
 }

@@ -1,5 +1,6 @@
 #include "windows/plugin_room.h"
 
+#include <QLineEdit>
 #include <QMenuBar>
 #include <QTableView>
 #include <QToolBar>
@@ -7,6 +8,7 @@
 
 #include "frame/conversions.h"
 #include "windows/calculator.h"
+#include "windows/csv_export.h"
 #include "windows/printing.h"
 #include "windows/qt_text.h"
 
@@ -86,6 +88,16 @@ void PluginRoom::run_desk_command(const std::string& sTool) {
   } else if (arap::EqualsNoCase(sTool, "mnuCaculate")) {
     Calculator(false, this).run();
   }
+}
+
+bool PluginRoom::run_lines_command(const std::string& sTool, LinesView& lines, const QString& sName) {
+  if (arap::EqualsNoCase(sTool, "mnuDataFilter")) {
+    lines.filter().setFocus(Qt::ShortcutFocusReason);
+    return true;
+  }
+  if (!arap::EqualsNoCase(sTool, "mnuExportData")) return false;
+  ask_and_export_csv(lines.model(), sName, this);
+  return true;
 }
 
 void PluginRoom::refresh() {

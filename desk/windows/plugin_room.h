@@ -7,6 +7,7 @@
 #include "windows/bar_view.h"
 #include "windows/command_runner.h"
 #include "windows/desk_seat.h"
+#include "windows/lines_view.h"
 #include "windows/room_view.h"
 #include "windows/seat_news.h"
 
@@ -46,6 +47,8 @@ class PluginRoom : public RoomView {
   /// The part of a command that is the desk's own: windows that open, files that are written. Paper and calculator are
   /// the same for all rooms.
   virtual void run_desk_command(const std::string& sTool);
+  /// Filter and export of the lines that the room shows, under this name; true when the command is one of the two.
+  bool run_lines_command(const std::string& sTool, LinesView& lines, const QString& sName);
 
  private:
   DeskSeat& seat_;

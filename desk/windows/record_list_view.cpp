@@ -1,15 +1,12 @@
 #include "windows/record_list_view.h"
 
-#include <QLineEdit>
 #include <QShortcut>
 #include <QTabBar>
 #include <QTableView>
 #include <QVBoxLayout>
 
-#include "frame/conversions.h"
 #include "services/invoice_lists.h"
 #include "windows/captions.h"
-#include "windows/csv_export.h"
 #include "windows/qt_text.h"
 
 namespace desk {
@@ -113,13 +110,7 @@ Outcome RecordListView::run_command(const std::string& sTool) {
 }
 
 void RecordListView::run_desk_command(const std::string& sTool) {
-  if (arap::EqualsNoCase(sTool, "mnuDataFilter")) {
-    view_->filter().setFocus(Qt::ShortcutFocusReason);
-  } else if (arap::EqualsNoCase(sTool, "mnuExportData")) {
-    ask_and_export_csv(view_->model(), lists_->tabText(lists_->currentIndex()), this);
-  } else {
-    PluginRoom::run_desk_command(sTool);
-  }
+  if (!run_lines_command(sTool, *view_, lists_->tabText(lists_->currentIndex()))) PluginRoom::run_desk_command(sTool);
 }
 
 void RecordListView::open_current() { press(view_tool(window_->bar())); }
