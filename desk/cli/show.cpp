@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "services/bill_kinds.h"
+#include "services/book_queries.h"
 
 namespace desk {
 
@@ -23,23 +24,17 @@ struct List {
 };
 
 List open_items(const SettlementTables& tables) {
-  return {side_sql(tables,
-                   "SELECT p.FNumber AS FPartner, p.FName AS FPartnerName, v.FBillNo AS FBillNo, v.FDate AS FDate,"
-                   " v.FDueDate AS FDueDate, c.FNumber AS FCurrency, v.FBillAmountFor AS FBillAmountFor,"
-                   " v.FBill{got}AmountFor AS FSettledFor, v.FBillUn{got}AmountFor AS FLeftFor,"
-                   " v.FBillUn{got}Amount AS FLeft FROM {openview} v LEFT JOIN {partners} p"
-                   " ON p.FItemID = v.{viewpartner} LEFT JOIN t_Currency c ON c.FCurrencyID = v.FCurrencyID"
-                   " ORDER BY p.FNumber, v.FDueDate, v.FBillNo"),
+  return {open_items_sql(tables),
           {{"FPartner", "partner", false},
            {"FPartnerName", "name", false},
            {"FBillNo", "number", false},
            {"FDate", "date", false},
            {"FDueDate", "due", false},
            {"FCurrency", "currency", false},
-           {"FBillAmountFor", "amount", true},
+           {"FAmountFor", "amount", true},
            {"FSettledFor", "settled", true},
-           {"FLeftFor", "open", true},
-           {"FLeft", "open_base", true}}};
+           {"FOpenFor", "open", true},
+           {"FOpen", "open_base", true}}};
 }
 
 std::string bill_select(const SettlementTables& tables, std::string_view sKind) {
@@ -81,7 +76,7 @@ List bills() {
 }
 
 List action_log() {
-  return {"SELECT FTime, FUser, FMachine, FCode, FResult, FText FROM t_Log ORDER BY FLogID",
+  return {action_log_sql(LogOrder::OldestFirst),
           {{"FTime", "time", false},
            {"FUser", "user", false},
            {"FMachine", "machine", false},
@@ -117,16 +112,12 @@ List types() {
 
 // Sale and purchase in one list.
 List invoices(bool bOpening) {
-  const auto side = [bOpening](const std::string& sKind, const std::string& sTable, const std::string& sPartner) {
-    const std::string sPartners = sTable == "ICSale" ? "t_Organization" : "t_Supplier";
-    return "SELECT '" + sKind + "' AS FKind, s.FClassTypeID AS FClass, s.FBillNo AS FBillNo, s.FDate AS FDate," +
-           " p.FNumber AS FPartner, p.FName AS FPartnerName, c.FNumber AS FCurrency, s.FAmountFor AS FAmountFor," +
-           " s.FReceiveAmountFor AS FSettledFor, s.FAmountFor - s.FReceiveAmountFor AS FLeftFor FROM " + sTable +
-           " s LEFT JOIN " + sPartners + " p ON p.FItemID = s." + sPartner +
-           " LEFT JOIN t_Currency c ON c.FCurrencyID = s.FCurrencyID WHERE s.FIsBegin = " + (bOpening ? "1" : "0");
+  const std::string sCondition = bOpening ? "s.FIsBegin = 1" : "s.FIsBegin = 0";
+  const auto side = [&sCondition](const std::string& sKind, const SettlementTables& tables) {
+    return "SELECT '" + sKind + "' AS FKind, i.* FROM (" + invoices_sql(tables, sCondition) + ") i";
   };
-  return {side("sale", "ICSale", "FCustID") + " UNION ALL " + side("purchase", "ICPurchase", "FSupplyID") +
-              " ORDER BY 1 DESC, 2, 3",
+  return {side("sale", kReceiptTables) + " UNION ALL " + side("purchase", kPaymentTables) +
+              " ORDER BY FKind DESC, FClass, FBillNo",
           {{"FKind", "kind", false},
            {"FClass", "class", false},
            {"FBillNo", "number", false},
@@ -135,8 +126,8 @@ List invoices(bool bOpening) {
            {"FPartnerName", "name", false},
            {"FCurrency", "currency", false},
            {"FAmountFor", "amount", true},
-           {"FSettledFor", "settled", true},
-           {"FLeftFor", "open", true}}};
+           {"FReceiveAmountFor", "settled", true},
+           {"FOpenFor", "open", true}}};
 }
 
 List list_of(const std::string& sWhat) {

@@ -2,7 +2,7 @@
 
 #include <QVBoxLayout>
 
-#include "services/settlement_tables.h"
+#include "services/book_queries.h"
 #include "windows/captions.h"
 
 namespace desk {
@@ -12,19 +12,12 @@ namespace {
 constexpr auto kMoney = ListColumn::Kind::Money;
 
 BookList open_items(const SettlementTables& tables) {
-  // An opening balance has no number.
-  return {side_sql(tables,
-                   "SELECT p.FName AS FPartner, CASE v.FBillNo WHEN '' THEN '" + std::string(tables.sOpeningName) +
-                       "' ELSE v.FBillNo END AS FBillNo, v.FDate AS FDate, v.FDueDate AS FDueDate,"
-                       " c.FName AS FCurrency, v.FBillAmountFor AS FAmountFor, v.FBill{got}AmountFor AS FSettledFor,"
-                       " v.FBillUn{got}AmountFor AS FOpenFor FROM {openview} v LEFT JOIN {partners} p ON p.FItemID ="
-                       " v.{viewpartner} LEFT JOIN t_Currency c ON c.FCurrencyID = v.FCurrencyID"
-                       " ORDER BY p.FNumber, v.FDueDate, v.FBillNo"),
-          {{"FPartner", "往来单位"},
-           {"FBillNo", "单据编号"},
+  return {open_items_sql(tables),
+          {{"FPartnerName", "往来单位"},
+           {"FShownNo", "单据编号"},
            {"FDate", "日期"},
            {"FDueDate", "到期日"},
-           {"FCurrency", "币别"},
+           {"FCurrencyName", "币别"},
            {"FAmountFor", "金额", kMoney},
            {"FSettledFor", "已核销", kMoney},
            {"FOpenFor", "未核销", kMoney}}};
@@ -36,7 +29,7 @@ BookList open_receivables() { return open_items(kReceiptTables); }
 BookList open_payables() { return open_items(kPaymentTables); }
 
 BookList action_log() {
-  return {"SELECT FTime, FUser, FMachine, FCode, FText FROM t_Log ORDER BY FLogID DESC",
+  return {action_log_sql(LogOrder::NewestFirst),
           {{"FTime", "时间"}, {"FUser", "用户"}, {"FMachine", "计算机"}, {"FCode", "功能"}, {"FText", "内容"}}};
 }
 

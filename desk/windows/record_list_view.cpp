@@ -22,7 +22,7 @@ std::vector<ListColumn> balance_columns() {
           {"FPartnerName", "往来单位"},
           {"FDate", "日期"},
           {"FDueDate", "到期日"},
-          {"FCurrency", "币别"},
+          {"FCurrencyName", "币别"},
           {"FAmountFor", "金额", Kind::Money},
           {"FReceiveAmountFor", "已核销", Kind::Money},
           {"FOpenFor", "未核销", Kind::Money},
