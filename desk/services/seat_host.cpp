@@ -51,7 +51,7 @@ Host seat_host(Session& session, const std::string& sToday) {
 }
 
 OpenBillWindow open_settlement_window(Session& session, const SettlementTables& tables, const std::string& sToday) {
-  return open_bill_window(seat_host(session, sToday), BillTemplate::shipped(tables.sTemplate));
+  return open_bill_window(seat_host(session, sToday), BillTemplate::shipped(find_bill_kind(tables.nClass)->sTemplate));
 }
 
 std::string system_date() { return QDate::currentDate().toString(Qt::ISODate).toStdString(); }

@@ -36,7 +36,6 @@ struct SettlementTables {
   std::string_view sPartnerName;
   std::string_view sBalanceName;
   std::string_view sBalanceAccount;  // number that the account of open balances begins with
-  std::string_view sTemplate;        // of the bill's window
   std::string_view sSelectTool;      // command that selects the source bills
   std::string_view sReportPartner;   // the partner among the parameters of the aged report, behind "B" and "E"
   VoucherSide moneySide;             // where a voucher has the money and the claim
@@ -65,7 +64,6 @@ inline constexpr SettlementTables kReceiptTables{
     .sPartnerName = "客户",
     .sBalanceName = "应收余额",
     .sBalanceAccount = "1122",
-    .sTemplate = "receipt",
     .sSelectTool = "mnuSelectBill_2000001",
     .sReportPartner = "CustNumber",
     .moneySide = VoucherSide::Debit,
@@ -94,7 +92,6 @@ inline constexpr SettlementTables kPaymentTables{
     .sPartnerName = "供应商",
     .sBalanceName = "应付余额",
     .sBalanceAccount = "2202",
-    .sTemplate = "payment",
     .sSelectTool = "mnuSelectBill_2000002",
     .sReportPartner = "SupplyNumber",
     .moneySide = VoucherSide::Credit,

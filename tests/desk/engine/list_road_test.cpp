@@ -7,6 +7,7 @@
 #include "desk/sides.h"
 #include "engine/list_window.h"
 #include "frame/conversions.h"
+#include "services/bill_kinds.h"
 
 namespace desk::testing {
 namespace {
@@ -26,7 +27,7 @@ class ListRoad : public ::testing::TestWithParam<const SettlementTables*> {
     }
     transaction.commit();
     session = std::make_unique<Session>(book.database(), "li");
-    list = open_list_window(book.database(), BillTemplate::shipped(tables().sTemplate));
+    list = open_list_window(book.database(), BillTemplate::shipped(find_bill_kind(tables().nClass)->sTemplate));
   }
   ~ListRoad() override {
     list.reset();
@@ -120,7 +121,8 @@ TEST_P(ListRoad, ABillThatTheOtherSeatDeletedStopsTheBatchBeforeTheFirst) {
 }
 
 TEST_P(ListRoad, ASelectionListHasNoCommandsToChangeBills) {
-  list = open_list_window(book.database(), BillTemplate::shipped(tables().sTemplate), ListMode::Selection);
+  list = open_list_window(book.database(), BillTemplate::shipped(find_bill_kind(tables().nClass)->sTemplate),
+                          ListMode::Selection);
   EXPECT_FALSE(list->press("mnuEditDelete"));
   EXPECT_FALSE(list->press("Check"));
 }

@@ -4,6 +4,7 @@
 #include "desk/seats/seat_process.h"
 #include "desk/services/small_book.h"
 #include "engine/list_window.h"
+#include "services/bill_kinds.h"
 #include "services/seat_host.h"
 
 namespace desk::testing {
@@ -47,7 +48,8 @@ class KilledSeat : public ::testing::TestWithParam<Killed> {
       const auto database = Database::open(book.path());
       Session session(*database, "li");
       session.platform().queue_answer(kButtonYes);
-      const OpenListWindow list = open_list_window(*database, BillTemplate::shipped(tables().sTemplate));
+      const OpenListWindow list =
+          open_list_window(*database, BillTemplate::shipped(find_bill_kind(tables().nClass)->sTemplate));
       list->select_all();
       database->set_statement_hook([nLeft = nStatement](std::string_view) mutable {
         if (--nLeft == 0) kill(getpid(), SIGKILL);

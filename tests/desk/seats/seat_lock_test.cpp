@@ -7,6 +7,7 @@
 #include "desk/services/small_book.h"
 #include "desk/sides.h"
 #include "frame/conversions.h"
+#include "services/bill_kinds.h"
 #include "services/seat_host.h"
 
 namespace desk::testing {
@@ -31,8 +32,9 @@ INSTANTIATE_TEST_SUITE_P(Sides, SeatLock, ::testing::Values(&kReceiptTables, &kP
 
 TEST_P(SeatLock, ABillWhoseEditLockWasLostIsntStored) {
   Session session(book.database(), "li");
-  const OpenBillWindow window = open_bill_window(
-      seat_host(session, "2026-11-10"), BillTemplate::shipped(tables().sTemplate), arap::make_object<ScriptedPlugin>());
+  const OpenBillWindow window = open_bill_window(seat_host(session, "2026-11-10"),
+                                                 BillTemplate::shipped(find_bill_kind(tables().nClass)->sTemplate),
+                                                 arap::make_object<ScriptedPlugin>());
   ASSERT_TRUE(window->load_bill(7));
   window->type_field("FExplanation", -1, "mine");
   book.database().exec("DELETE FROM t_Task");
