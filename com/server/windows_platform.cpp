@@ -6,6 +6,7 @@
 #include "bridge/bridge.h"
 #include "bridge/errors.h"
 #include "bridge/wide_text.h"
+#include "frame/open_choices.h"
 #include "server/grid_form.h"
 #include "server/module.h"
 #include "server/pictures.h"
@@ -44,7 +45,7 @@ class WindowsPlatform final : public Platform {
   }
   void SetFileAttributes(std::string_view sPath, int nAttributes) override;
   Variant Picture(std::string_view sName) override { return load_picture(sName); }
-  void ShowGridForm(GridForm& form) override { show_grid_form(form, "FPSpreadADO.fpSpread"); }
+  void ShowGridForm(GridForm& form) override { show_grid_form(form, open_choices::kGridControl); }
 };
 
 /// The box belongs to the window in front, so that it can't be hidden behind it.

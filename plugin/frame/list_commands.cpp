@@ -20,8 +20,8 @@ constexpr std::int32_t kVoucherElsewhere = -1;
 bool IsOn(const std::string& sValue) { return EqualsNoCase(Trim(sValue), "True") || Val(sValue) != 0; }
 
 /// The text that refuses the operation on a bill of this status; "" when nothing does.
-std::string_view RefusalByStatus(std::int32_t nOp, bool bChecked) {
-  switch (static_cast<BillOperation>(nOp)) {
+std::string_view RefusalByStatus(BillOperation operation, bool bChecked) {
+  switch (operation) {
     case BillOperation::Delete: return bChecked ? "不能删除已经审核的单据!" : "";
     case BillOperation::Check: return bChecked ? "不能审核已经审核的单据!" : "";
     case BillOperation::Uncheck: return bChecked ? "" : "只能反审核已经审核的单据!";
@@ -76,17 +76,18 @@ void RefreshList(const ListEvents& oList, bool bFlag) {
   oForm->call(Member::letmessage);
 }
 
-bool PassesStatusTests(const Recordset& rs, std::int32_t nOp) {
+bool PassesStatusTests(const Recordset& rs, BillOperation operation) {
   if (rs.Eof() || rs.Bof()) {
     ShowInfo(LoadText("数据可能已经被删除,请刷新!"));
     return false;
   }
-  const std::string_view sRefusal = RefusalByStatus(nOp, LongOf(rs.Value("FStatus"_key)) == kStatusChecked);
+  const std::string_view sRefusal = RefusalByStatus(operation, LongOf(rs.Value("FStatus"_key)) == kStatusChecked);
   if (!sRefusal.empty()) ShowInfo(LoadText(sRefusal));
   return sRefusal.empty();
 }
 
-bool RunOnSelected(const ListDataServer& oServer, const Vector& oRows, std::int32_t nOp, const OperateOnBill& operate) {
+bool RunOnSelected(const ListDataServer& oServer, const Vector& oRows, BillOperation operation,
+                   const OperateOnBill& operate) {
   if (IsSelectionEmpty(oRows)) return false;
   const ResultGrid grid;
   Variant vCode = std::int16_t{0};
@@ -97,7 +98,7 @@ bool RunOnSelected(const ListDataServer& oServer, const Vector& oRows, std::int3
     const std::int32_t nBillID = LongOf(vBillID);
     if (nBillID == nBefore) return true;
     nBefore = nBillID;
-    operate(oServer.ClassTypeId(), nBillID, nOp, vCode, vMessage);
+    operate(oServer.ClassTypeId(), nBillID, static_cast<std::int32_t>(operation), vCode, vMessage);
     grid.Add(Concat(vMessage));
     ++nOperations;
     return true;

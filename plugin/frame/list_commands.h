@@ -29,8 +29,8 @@ bool MustRefreshList();
 void RefreshList(const ListEvents& oList, bool bFlag);
 
 /// The tests of one bill by what GetBillDetail answered: that it is still there, and that its status allows the
-/// operation. False after the notice. An operation without a number of its own is always allowed.
-bool PassesStatusTests(const Recordset& rs, std::int32_t nOp);
+/// operation. False after the notice.
+bool PassesStatusTests(const Recordset& rs, BillOperation operation);
 
 /// One operation on one bill, as the public DoOptToBill does it.
 using OperateOnBill = std::function<void(std::int32_t nTransType, std::int32_t nInterID, std::int32_t nCheckType,
@@ -38,7 +38,8 @@ using OperateOnBill = std::function<void(std::int32_t nTransType, std::int32_t n
 /// Operates on the selected bills, on lines of one bill that follow each other only once. The text of a single
 /// operation is shown as a notice, those of several in the grid of results, one line a bill. False for an empty
 /// selection and at a row without FBillID, which shows nothing.
-bool RunOnSelected(const ListDataServer& oServer, const Vector& oRows, std::int32_t nOp, const OperateOnBill& operate);
+bool RunOnSelected(const ListDataServer& oServer, const Vector& oRows, BillOperation operation,
+                   const OperateOnBill& operate);
 
 /// False when a selected bill is before the current period: its warning is shown and vCancel is true. False without
 /// both at a row without FBillID.

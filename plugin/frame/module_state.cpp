@@ -1,7 +1,5 @@
 #include "frame/module_state.h"
 
-#include "frame/platform.h"
-
 namespace arap {
 
 namespace {
@@ -9,7 +7,6 @@ namespace {
 // Plain data: a thread-local object with a destructor would run after the library is gone.
 thread_local ModuleState* t_module = nullptr;
 thread_local int t_uses = 0;
-thread_local Platform* t_platform = nullptr;
 
 }  // namespace
 
@@ -28,17 +25,6 @@ ModuleUse::~ModuleUse() {
   // Releasing the held objects can call back into the library: the pointer goes last.
   delete t_module;
   t_module = nullptr;
-}
-
-void Platform::ShowGridForm(GridForm&) {
-  throw AutomationError(ErrorNumber::CannotCreateObject, "FPSpreadADO.fpSpread");
-}
-
-void InstallPlatform(Platform* platform) { t_platform = platform; }
-
-Platform& CurrentPlatform() {
-  if (t_platform == nullptr) throw AutomationError(ErrorNumber::ObjectNotSet, "platform");
-  return *t_platform;
 }
 
 }  // namespace arap

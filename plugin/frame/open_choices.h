@@ -18,6 +18,8 @@ inline constexpr std::string_view kVector = "NUVContainers.Vector";
 inline constexpr std::string_view kTool = "ActiveBarLibraryCtl.Tool";
 /// The connection of the switch file.
 inline constexpr std::string_view kAdoConnection = "ADODB.Connection";
+/// The grid control of the form of source bills, a FarPoint Spread.
+inline constexpr std::string_view kGridControl = "FPSpreadADO.fpSpread";
 
 /// The lock flag of a screen field, apart from the lock of its cell.
 inline constexpr Member kScreenFieldLock = Member::Locked;

@@ -4,6 +4,7 @@
 #include "frame/module_state.h"
 #include "frame/open_choices.h"
 #include "frame/platform.h"
+#include "frame/session.h"
 #include "frame/text_utils.h"
 
 namespace arap {
@@ -66,6 +67,17 @@ GLData GetGLData() {
   Ref<Object>& oGLData = Module().oGLData;
   if (!oGLData) oGLData = CreateLocalObject("NUVLPCGLView.GLData");
   return GLData(oGLData);
+}
+
+Variant ExecuteCommand(std::string_view sSql) {
+  ParsePropsString(GetPropsString());
+  const Ref<Object> oConnection = CreateLocalObject("NUVConnection.AppConnection");
+  return oConnection->call(Member::Execute, ConnectString(), sSql);
+}
+
+void ShowHelpTopic(Key sTopic) {
+  const Ref<Object> oHelp = CreateLocalObject("NUVCHMResTool.ClsCHMHelp");
+  oHelp->call(Member::ShowHelp, "NUVV11.chm"_key, sTopic, std::int32_t{0});
 }
 
 std::int32_t ExecFunc(std::int32_t nSystem, std::string_view sFunction, std::int32_t nA, std::int32_t nB,

@@ -27,6 +27,11 @@ std::string GetPropsString();
 /// The general-ledger client services, made on first use and kept for the life of the thread.
 GLData GetGLData();
 
+/// Runs a statement over the session's own connection; a Recordset for a query.
+Variant ExecuteCommand(std::string_view sSql);
+/// Opens the online help at a topic.
+void ShowHelpTopic(Key sTopic);
+
 /// The subsystem under which every task is taken.
 inline constexpr std::int32_t kTaskSystem = 21;
 

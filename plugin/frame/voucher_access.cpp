@@ -24,9 +24,7 @@ std::string AccountsWithoutRightSql(const std::string& sUserText, std::int32_t n
 std::int32_t VoucherOfBill(const BillEvent& oBill, std::string_view sBillTable) {
   const std::string sSql =
       "select FVoucherID from " + std::string(sBillTable) + " " + "where FBillID=" + std::to_string(oBill.InterID());
-  ParsePropsString(GetPropsString());
-  const Ref<Object> oConnection = CreateLocalObject("NUVConnection.AppConnection");
-  const Recordset rs(oConnection->call(Member::Execute, ConnectString(), sSql));
+  const Recordset rs(ExecuteCommand(sSql));
   return rs.Eof() ? 0 : LongOf(rs.Value("FVoucherID"_key));
 }
 

@@ -112,9 +112,6 @@ void clsRPInOutType::TakeEditTask(std::int32_t nID) {
   m_lTaskId = ExecFunc(kTaskSystem, GetTaskCode(5), 0, 0, nID);
 }
 
-void clsRPInOutType::ShowTypeHelp() {
-  const Ref<Object> oHelp = CreateLocalObject("NUVCHMResTool.ClsCHMHelp");
-  oHelp->call(Member::ShowHelp, "NUVV11.chm"_key, "RP1000207"_key, std::int32_t{0});
-}
+void clsRPInOutType::ShowTypeHelp() { ShowHelpTopic("RP1000207"_key); }
 
 }  // namespace arap

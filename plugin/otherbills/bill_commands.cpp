@@ -48,7 +48,7 @@ void OtherBill::NewBillCommand(const std::string&, Variant&) {
 }
 
 void OtherBill::HelpCommand(const std::string&, Variant&) {
-  ShowBillHelp();
+  ShowHelpTopic(side_.sHelpTopic);
   Bill().BarControl().Bands("mnuCust"_key).SetCaption(LoadText("帮助"));
 }
 
@@ -57,11 +57,6 @@ void OtherBill::TakeAwayCommand(const std::string&, Variant& vCancel) { vCancel 
 
 void OtherBill::VoucherCommand(const std::string&, Variant&) {
   ShowVoucherOfBill(Bill(), side_.sBillTable, EditorArgument::ModeOne);
-}
-
-void OtherBill::ShowBillHelp() const {
-  const Ref<Object> oHelp = CreateLocalObject("NUVCHMResTool.ClsCHMHelp");
-  oHelp->call(Member::ShowHelp, "NUVV11.chm"_key, side_.sHelpTopic, std::int32_t{0});
 }
 
 }  // namespace arap

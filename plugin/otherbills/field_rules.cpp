@@ -33,7 +33,7 @@ void OtherBill::ChangeRowAmount(const Edit&) { SumEntryAmounts(); }
 void OtherBill::ChangeBillType(const Edit& edit) {
   if (edit.NewNumber() == side_.nCreditType) {
     const std::string sCode = CodeOfPartner();
-    Bill().SetStatusPanel(kCreditPanel, GetCreditText(sCode, LongOf(edit.oField.Value("FClassTypeID"_key))));
+    ShowCreditOf(sCode, LongOf(edit.oField.Value("FClassTypeID"_key)));
   } else {
     ClearCreditStatus();
   }
@@ -46,7 +46,7 @@ void OtherBill::ChangeCurrency(const Edit& edit) {
   const auto nCur = ToLong(edit.NewNumber());
   if (nCur == 0) return;
   const Currency oCurrency = GetGLData().GetCurrency(nCur);
-  const double dRate = MultiplierOf(oCurrency);
+  const double dRate = oCurrency.Multiplier();
   WriteText("FExchangeRate"_key, TextOf(dRate));
   SetBillField(Bill(), "FExchangeRate"_key, kHead, dRate);
   LockExchangeRate(nCur == kBaseCurrency);
@@ -56,13 +56,6 @@ void OtherBill::ChangeCurrency(const Edit& edit) {
   SetAmountScale("FCheckAmountFor"_key, nDec, false);
   SetAmountScale("FBillAmountFor"_key, nDec, true);
   RunRowAmountActions(edit.nRows);
-}
-
-double OtherBill::MultiplierOf(const Currency& oCurrency) {
-  const std::string sOperator = oCurrency.Operator();
-  if (sOperator == "*") return NumberOf(oCurrency.ExchangeRate());
-  if (sOperator == "/") return Divide(1, NumberOf(oCurrency.ExchangeRate()));
-  return 0;
 }
 
 void OtherBill::ChangeExchangeRate(const Edit& edit) { RunRowAmountActions(edit.nRows); }
@@ -107,7 +100,7 @@ void OtherBill::m_BillInterface_HeadCtlLostFocus(const FieldInfo& oField) {
   ResumeNext([&] {
     const std::string sCode = CodeOfPartner();
     if (sCode.empty()) return ClearCreditStatus();
-    Bill().SetStatusPanel(kCreditPanel, GetCreditText(sCode, LongOf(oField.Value("FClassTypeID"_key))));
+    ShowCreditOf(sCode, LongOf(oField.Value("FClassTypeID"_key)));
   });
 }
 

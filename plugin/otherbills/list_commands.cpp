@@ -77,12 +77,12 @@ void OtherBill::VoucherListCommand(const Selection& selection, Variant& vCancel)
 bool OtherBill::CheckSelectedStatus(const Vector& oRows, BillOperation operation) const {
   if (IsSelectionEmpty(oRows)) return false;
   return WalkSelectedBills(oRows, [&](const Variant& vBillID) {
-           return PassesStatusTests(ListServer().GetBillDetail(vBillID), static_cast<std::int32_t>(operation));
+           return PassesStatusTests(ListServer().GetBillDetail(vBillID), operation);
          }) == RowWalk::AllRows;
 }
 
 void OtherBill::OperateOnSelected(const Selection& selection, BillOperation operation) {
-  RunOnSelected(ListServer(), selection.oRows, static_cast<std::int32_t>(operation),
+  RunOnSelected(ListServer(), selection.oRows, operation,
                 [this](std::int32_t nTransType, std::int32_t nInterID, std::int32_t nCheckType, Variant& vCode,
                        Variant& vMessage) { DoOptToBill(nTransType, nInterID, nCheckType, vCode, vMessage); });
   if (selection.bRefresh) RefreshList(List(), true);

@@ -70,8 +70,8 @@ class OtherBill : public ListedBillClass {
   /// Shows the partner's credit in the status bar, or empties that panel.
   void ShowCreditStatus();
   void ClearCreditStatus();
-  /// "" for another class type than those of the four bills, and without a partner.
-  static std::string GetCreditText(std::string_view sPartner, std::int32_t nClassType);
+  /// The panel is empty without a partner.
+  void ShowCreditOf(const std::string& sPartner, std::int32_t nClassType);
 
   // --- field_rules ---
   void m_BillInterface_BeginEdit(const FieldInfo& oField);
@@ -84,8 +84,6 @@ class OtherBill : public ListedBillClass {
   void ChangeExchangeRate(const Edit& edit);
   void ChangeInOutType(const Edit& edit);
   void RunRowAmountActions(std::int32_t nRows);
-  /// The bill's rate is always a multiplier. 0 when the currency has neither operator.
-  static double MultiplierOf(const Currency& oCurrency);
   std::string CodeOfPartner() const;
 
   // --- due_date ---
@@ -130,7 +128,6 @@ class OtherBill : public ListedBillClass {
   void HelpCommand(const std::string& sBillNo, Variant& vCancel);
   void TakeAwayCommand(const std::string& sBillNo, Variant& vCancel);
   void VoucherCommand(const std::string& sBillNo, Variant& vCancel);
-  void ShowBillHelp() const;
   /// What the action log says of a check or an uncheck.
   struct CheckWords {
     Key sLogCode;

@@ -4,6 +4,7 @@
 #include "frame/bill_fields.h"
 #include "frame/failure.h"
 #include "frame/server_objects.h"
+#include "frame/voucher_access.h"
 #include "settlement/settlement_bill.h"
 
 namespace arap {
@@ -66,7 +67,9 @@ void SettlementBill::AutoApportionCommand(const Tool&, Variant&) { AutoApportion
 
 void SettlementBill::AutoSumCommand(const Tool&, Variant&) { AutoSum(); }
 
-void SettlementBill::VoucherCommand(const Tool&, Variant&) { ShowBillVoucher(); }
+void SettlementBill::VoucherCommand(const Tool&, Variant&) {
+  ShowVoucherOfBill(Bill(), side_.sBillTable, EditorArgument::PropsString);
+}
 
 void SettlementBill::LeaveToHost(const Tool&, Variant&) {}
 
@@ -74,7 +77,7 @@ void SettlementBill::LeaveToHost(const Tool&, Variant&) {}
 void SettlementBill::TakeAwayCommand(const Tool&, Variant& vCancel) { vCancel = true; }
 
 void SettlementBill::HelpCommand(const Tool&, Variant&) {
-  ShowBillHelp();
+  ShowHelpTopic(side_.sHelpTopic);
   switch (side_.helpBand) {
     case HelpBand::Captioned: Bill().BarControl().Bands("mnuCust"_key).SetCaption(LoadText("帮助")); break;
     case HelpBand::LeftAlone: break;

@@ -1,3 +1,4 @@
+#include "frame/partner_credit.h"
 #include "frame/server_objects.h"
 #include "settlement/settlement_bill.h"
 
@@ -7,12 +8,6 @@ namespace arap {
 void SettlementBill::ShowCreditStatus() {
   const Variant vCode = Bill().HeadScreenField(side_.sPartner).Text();
   Bill().SetStatusPanel(kCreditPanel, GetCreditText(vCode, Bill().TransTypeID()));
-}
-
-std::string SettlementBill::GetCreditText(const Variant& vCode, std::int32_t nClassType) {
-  if (!Inside(nClassType, 1000201, 1000202, 1000205, 1000206)) return "";
-  const Ref<Object> oCredit = CreateLocalObject("NUVBills.clsCredit");
-  return Concat(oCredit->call(Member::GetStatusMoneyAndCredit, vCode, nClassType));
 }
 
 std::int32_t SettlementBill::GetBillTypeID(std::int32_t nBillId) {

@@ -9,7 +9,7 @@ void SettlementBill::ChangeCurrency(const Edit& edit) {
   const std::int32_t nCur = edit.NewId();
   if (nCur == 0) return;
   const Currency oCurrency = GetGLData().GetCurrency(nCur);
-  const double dRate = MultiplierOf(oCurrency);
+  const double dRate = oCurrency.Multiplier();
   WriteHeadRate(dRate);
   switch (side_.currencyChangeRate) {
     case CurrencyChangeRate::NameReadAndDropped: oCurrency.Name(); break;
@@ -45,7 +45,7 @@ void SettlementBill::ChangeAccount(const Edit& edit) {
   if (nCur == 0) return;
   const Currency oCurrency = GetGLData().GetCurrency(nCur);
   SetHeadAmountScales(oCurrency.ScaleX());
-  const double dRate = MultiplierOf(oCurrency);
+  const double dRate = oCurrency.Multiplier();
   WriteHeadRate(dRate);
   Bill().SetFieldValue("FExchangeRate"_key, dRate, kHead);
   LockExchangeRate(nCur == kBaseCurrency);

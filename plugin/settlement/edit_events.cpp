@@ -1,4 +1,5 @@
 #include "frame/failure.h"
+#include "frame/partner_credit.h"
 #include "frame/text_utils.h"
 #include "settlement/settlement_bill.h"
 

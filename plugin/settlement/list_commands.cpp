@@ -97,7 +97,7 @@ bool SettlementBill::CheckSelectedStatus(const Vector& oRows, BillOperation oper
   const ListDataServer oServer = ListServer();
   return WalkSelectedBills(oRows, [&](const Variant& vBillID) {
            const Recordset rs = oServer.GetBillDetail(vBillID);
-           return PassesStatusTests(rs, static_cast<std::int32_t>(operation)) && PassesListTests(rs, operation);
+           return PassesStatusTests(rs, operation) && PassesListTests(rs, operation);
          }) == RowWalk::AllRows;
 }
 
@@ -126,7 +126,7 @@ bool SettlementBill::SourcesExist(const Recordset& rs) {
 }
 
 void SettlementBill::OperateOnSelected(const Selection& selection, BillOperation operation) {
-  RunOnSelected(ListServer(), selection.oRows, static_cast<std::int32_t>(operation),
+  RunOnSelected(ListServer(), selection.oRows, operation,
                 [this](std::int32_t nTransType, std::int32_t nInterID, std::int32_t nCheckType, Variant& vCode,
                        Variant& vMessage) { DoOptToBill(nTransType, nInterID, nCheckType, vCode, vMessage); });
   if (selection.bRefresh) RefreshList(List(), false);

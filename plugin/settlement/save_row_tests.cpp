@@ -1,6 +1,7 @@
 #include <cmath>
 
 #include "frame/messages.h"
+#include "frame/server_objects.h"
 #include "frame/text_utils.h"
 #include "settlement/save_rows.h"
 

@@ -1,4 +1,5 @@
 #include "frame/failure.h"
+#include "frame/server_objects.h"
 #include "settlement/settlement_bill.h"
 
 namespace arap {

@@ -2,7 +2,6 @@
 
 #include "frame/failure.h"
 #include "frame/server_objects.h"
-#include "frame/session.h"
 #include "frame/text_utils.h"
 
 namespace arap {
@@ -68,19 +67,6 @@ void SettlementBill::OnListEvent(Event event, Arguments args) {
     case Event::MenuBarClick: return m_LstInterface_MenuBarClick(Tool(argument(args, 0)), argument(args, 1));
     default: return;  // after AfterGetData nothing is left to do; the other events aren't the list's
   }
-}
-
-Variant SettlementBill::ExecuteCommand(std::string_view sSql) {
-  ParsePropsString(GetPropsString());
-  const Ref<Object> oConnection = CreateLocalObject("NUVConnection.AppConnection");
-  return oConnection->call(Member::Execute, ConnectString(), sSql);
-}
-
-double SettlementBill::MultiplierOf(const Currency& oCurrency) {
-  const std::string sOperator = oCurrency.Operator();
-  if (sOperator == "*") return NumberOf(oCurrency.ExchangeRate());
-  if (sOperator == "/") return Divide(1, NumberOf(oCurrency.ExchangeRate()));
-  return 0;
 }
 
 }  // namespace arap

@@ -94,7 +94,6 @@ class SettlementBill : public ListedBillClass {
 
   // --- credit_status ---
   void ShowCreditStatus();
-  std::string GetCreditText(const Variant& vCode, std::int32_t nClassType);
   /// Not 0: the bill was pushed from another module.
   std::int32_t GetBillTypeID(std::int32_t nBillId);
   /// Lock flags of the screen fields of partner and type.
@@ -143,7 +142,7 @@ class SettlementBill : public ListedBillClass {
   /// The action log by the service's code; another code than -1, 0 and 1 has none.
   void LogOperation(std::int16_t nCode, const std::string& sText) const;
 
-  // --- source_selection ---
+  // --- source_selection, selection_filter, selection_fill ---
   void m_BillInterface_BeforeSelBills(std::int32_t nBillType, const Ref<Object>& oQuery, Variant& vFilter);
   void m_BillInterface_AfterSelBillBeforeFillData(const Dictionary& oSel);
   void m_BillInterface_AfterSelBill();
@@ -159,7 +158,7 @@ class SettlementBill : public ListedBillClass {
   void FillSourceRow(std::int32_t nRow, const SelectionHead& head, double& dRate);
   void ScaleSourceRow(std::int32_t nCurrency);
 
-  // --- auto_amounts ---
+  // --- auto_apportion, auto_sum, body_currencies ---
   void AutoApportion();
   void AutoSum();
   void EndApportion(double dRest);
@@ -183,8 +182,6 @@ class SettlementBill : public ListedBillClass {
   void LeaveToHost(const Tool& oTool, Variant& vCancel);
   void TakeAwayCommand(const Tool& oTool, Variant& vCancel);
   void RewriteRateOfPushedBill();
-  void ShowBillHelp() const;
-  void ShowBillVoucher() const;
 
   // --- check_commands ---
   void CheckBillCommand(const Tool& oTool, Variant& vCancel);
@@ -245,16 +242,12 @@ class SettlementBill : public ListedBillClass {
   void WriteText(Key sKey, const Variant& vText, std::int32_t nRow) const {
     Bill().SetText(Bill().GetFieldInfoByKey(sKey), vText, nRow);
   }
-  /// Runs a statement over the session's own connection.
-  static Variant ExecuteCommand(std::string_view sSql);
-  /// The bill's rate is always a multiplier. 0 when the currency has neither operator.
-  static double MultiplierOf(const Currency& oCurrency);
 
   std::int32_t m_nDiscountScale = 0;  // decimals of FDiscount
   std::int32_t m_lOldPartner = 0;     // partner when its editor opened; 0 before any such edit
-  std::int32_t m_SelBillType = 0;     // last selection kind that a command chose; read by nothing
+  std::int32_t m_SelBillType = 0;     // last selection kind that a command chose; read by nothing, required
   bool m_bLoaded = false;             // false only while AfterLoadBill locks, and before the menu is built
-  std::string m_sReportDate;          // the report date when the menu was built
+  std::string m_sReportDate;          // the report date when the menu was built; read by nothing, required
 
  protected:
   /// A bill that belongs to another source is locked right after ShowCheckTools. Only the payment bill has such bills.
