@@ -9,7 +9,7 @@
 namespace arap {
 
 /// How a row of an other bill reaches its view of money, receivable and payable. For statements of others: no rule of
-/// this module issues them.
+/// this module writes them.
 inline constexpr std::string_view T_RP_ROTHERBILL =
     " LEFT JOIN vw_BillRPMoney vrp ON t_RP_ROtherBill.FBillID=vrp.FInterID AND vrp.FTranType=1000205 ";
 inline constexpr std::string_view T_RP_POTHERBILL =
@@ -30,10 +30,12 @@ std::int32_t GetBillLong(const BillEvent& oBill, const Variant& vKey, std::int32
 void SetBillField(const BillEvent& oBill, const Variant& vKey, std::int32_t nRow, const Variant& vValue,
                   bool bShow = false, bool bKeepModify = false);
 
-/// Locks or frees the cell; with bClear first empties the field (0) and sets its modify mark to nModify.
+/// Head fields only: locks or frees the cell. With bClear first writes 0 and sets the record's modify mark to nModify.
+/// Clearing addresses row 0 and locking row -1; required.
 void LockBillField(const BillEvent& oBill, const Variant& vKey, bool bLock, bool bClear, std::int32_t nModify = 1);
 
-/// Runs the template's actions of the field, with the record marked as modified first when bMarkModified.
+/// Runs the template's actions of the field, with the record marked as modified first when bMarkModified. Does nothing
+/// where the row has no record of the field.
 void RunFieldAction(const BillEvent& oBill, const Variant& vKey, std::int32_t nRow, bool bMarkModified);
 
 /// Rows of body nEntry (1-based): all of them, or those whose key field isn't blank.

@@ -120,9 +120,11 @@ class BillEvent : public View {
   void SetText(const FieldInfo& oInfo, const Variant& vText, std::int32_t nRow) const {
     call(Member::SetText, oInfo, vText, nRow);
   }
+  /// Decimals that the cell of that row shows, 0 or more; kHead for a head field. The stored value keeps its own.
   void SetFieldDecimals(const FieldInfo& oInfo, std::int32_t nRow, std::int16_t nDecimals) const {
     call(Member::SetFieldDecimals, oInfo, nRow, nDecimals);
   }
+  /// The same for every row of the column.
   void SetColumnDecimals(const FieldInfo& oInfo, std::int16_t nDecimals) const {
     call(Member::SetColumnDecimals, oInfo, nDecimals);
   }
@@ -141,10 +143,14 @@ class BillEvent : public View {
   }
   void EnableTool(Key sToolKey, bool bEnabled) const { SetBarStatus(sToolKey, "Enabled"_key, bEnabled); }
   void ShowTool(Key sToolKey, bool bVisible) const { SetBarStatus(sToolKey, "Visible"_key, bVisible); }
+  /// Text of a panel of the status bar, by the panel's number. The rules write kCreditPanel alone.
   void SetStatusPanel(std::int32_t nPanel, const Variant& vText) const { call(Member::SetStatusPanel, nPanel, vText); }
   void BarRefresh() const { call(Member::BarRefresh); }
+  /// Told when the service has checked or unchecked the bill. What the host does with it is its own.
   void ReloadAfterCheck() const { call(Member::ReloadAfterCheck); }
+  /// Loads the bill of that id into the window, with the events of a load.
   void ShowBillByID(std::int32_t nInterID) const { call(Member::ShowBillByID, nInterID); }
+  /// Told true at each row of an apportionment, and never false: required. What the host does with it is its own.
   void SetBatchFlag(bool bOn) const { call(Member::SetBatchFlag, bOn); }
 
   /// The entry of a body: 1 is the first body, Page2.

@@ -42,7 +42,7 @@ class BaseClassEvent : public View {
     if (!vControl.is_object() || vControl.is_nothing()) return {};
     return Concat(vControl.object()->get(Member::Name));
   }
-  /// Reloads the grid.
+  /// Reloads the grid. nMode is the host's own number of a way; the rules give 1.
   void RefreshItems(std::int32_t nMode) const { call(Member::RefreshItems, nMode); }
   ActiveBar BarControl() const { return ActiveBar(get(Member::BarControl)); }
 };

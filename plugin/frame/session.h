@@ -29,7 +29,8 @@ inline constexpr std::int32_t kRightDelete = 65536;
 /// Asks for a right; without it shows the notice of a missing right and answers false. Statement errors are skipped.
 bool CheckAccess(std::int32_t nSubSystem, std::int32_t nObject, std::int32_t nRight);
 
-/// Writes one line to the action log: 1 is success, 2 failure. Errors are dropped.
+/// Writes one line to the action log: 1 is success, 2 failure, -1 refused by the bill's state.
+/// Errors are dropped.
 void WriteActionLog(std::string_view sCode, std::int32_t nResult, std::string_view sText);
 
 /// False, with a warning shown, when the bill is dated before the first day of the period in use.
