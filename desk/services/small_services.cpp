@@ -76,9 +76,14 @@ void register_small_services(Session& session) {
                                            return credit_text(database, text_argument(args, 0), long_argument(args, 1));
                                          }}});
   });
-  // The desk has no help of its own.
-  registry.add("NUVCHMResTool.ClsCHMHelp", [] {
-    return make_component("ClsCHMHelp", {{Member::ShowHelp, [](Arguments) { return Variant(); }}});
+  // The viewer opens the file at its start, whatever the topic.
+  registry.add("NUVCHMResTool.ClsCHMHelp", [&session] {
+    return make_component("ClsCHMHelp",
+                          {{Member::ShowHelp, [&session](Arguments args) {
+                              DeskPlatform& platform = session.platform();
+                              platform.StartHelpViewer(platform.LibraryPath() + "\\" + text_argument(args, 0));
+                              return Variant();
+                            }}});
   });
   // The desk's forms take their font from the desktop, so there is nothing to set.
   registry.add("NUVFrmRes.FrmResLoader", [] {

@@ -105,6 +105,8 @@ constexpr std::array kCaptions{
     Caption{"提示信息", "What was said"},
     Caption{"成功%1张，未成功%2张", "%1 done, %2 not done"},
     Caption{"导出CSV", "Export CSV"},
+    Caption{"帮助", "Help"},
+    Caption{"帮助文件“%1”打不开。请把它放在那里。", "The help file \"%1\" can't be opened. Put it there."},
     Caption{"文件“%1”无法写入。", "The file \"%1\" can't be written."},
     Caption{"级次", "Level"},
     Caption{"明细", "Detail"},

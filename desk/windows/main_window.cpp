@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QListWidget>
 #include <QMenuBar>
 #include <QMessageBox>
@@ -12,6 +13,7 @@
 #include <QTabWidget>
 #include <QTableView>
 
+#include "services/help_viewer.h"
 #include "windows/inspector.h"
 #include "windows/message_box.h"
 #include "windows/pointer_shape.h"
@@ -37,6 +39,7 @@ MainWindow::MainWindow(DeskSeat& seat)
     QWidget* pOver = QApplication::activeWindow();
     return show_message_box(message, pOver != nullptr ? pOver : this);
   });
+  seat_.session.platform().set_help_viewer([this](const std::string& sPath) { show_help(sPath); });
   build();
   change_language(language());
   show_room(0);
@@ -44,6 +47,7 @@ MainWindow::MainWindow(DeskSeat& seat)
 
 MainWindow::~MainWindow() {
   seat_.session.platform().set_ask_user({});
+  seat_.session.platform().set_help_viewer({});
   // What the tabs have to say on their way out no longer reaches anybody.
   disconnect(tabs_, nullptr, this, nullptr);
 }
@@ -272,6 +276,13 @@ QString MainWindow::html_of_front() const {
   if (BillView* pBill = current_bill()) return bill_html(pBill->window());
   RoomView* pRoom = current_room();
   return pRoom == nullptr ? QString() : pRoom->html();
+}
+
+void MainWindow::show_help(const std::string& sPath) {
+  const QString sFile = qt(native_path(sPath));
+  if (QFileInfo::exists(sFile) && open_help_file(sPath)) return;
+  const PointerShape pointer(Qt::ArrowCursor);
+  QMessageBox::information(this, words("帮助"), words("帮助文件“%1”打不开。请把它放在那里。").arg(sFile));
 }
 
 void MainWindow::put_out(void (*put)(const QString& sHtml, QWidget* pParent)) {

@@ -58,6 +58,8 @@ class MainWindow final : public QMainWindow {
   /// To the preview or the printer.
   void put_out(void (*put)(const QString& sHtml, QWidget* pParent));
   void export_pdf_of_front();
+  /// Opens a help file, or tells where it is looked for.
+  void show_help(const std::string& sPath);
   template <class View>
   void for_each(const std::function<void(View&)>& work) const;
 

@@ -4,7 +4,6 @@
 #include <QFontDatabase>
 
 #include "frame/conversions.h"
-#include "services/help_viewer.h"
 #include "windows/main_window.h"
 #include "windows/qt_text.h"
 
@@ -20,7 +19,6 @@ void prepare_application() {
 
 int open_desk(Database& database, const std::string& sUser, const std::string& sToday) {
   DeskSeat seat(database, sUser, sToday);
-  seat.session.platform().set_help_viewer([](const std::string& sPath) { open_help_file(sPath); });
   MainWindow window(seat);
   window.show();
   return QApplication::exec();

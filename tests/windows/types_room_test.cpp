@@ -1,4 +1,5 @@
 #include <QLabel>
+#include <QMessageBox>
 
 #include "type_world.h"
 
@@ -39,6 +40,16 @@ TEST_F(TypesRoom, UnderTheRootStandTheBranchesAndNothingCanBeMadeThere) {
   EXPECT_TRUE(user.types().bars().action("mnuEditModify")->isVisible());
   EXPECT_FALSE(user.types().bars().action("mnuFileNewGroup")->isVisible());
   EXPECT_EQ(user.types().grid().model().rowCount(), 2);
+}
+
+TEST_F(TypesRoom, HelpThatIsntThereTellsWhereItIsLookedFor) {
+  QString sText;
+  user.in_next_dialog([&](QDialog& dialog) {
+    if (const auto* pBox = qobject_cast<QMessageBox*>(&dialog)) sText = pBox->text();
+    dialog.accept();
+  });
+  user.key(Qt::Key_F1);
+  EXPECT_TRUE(sText.contains(QStringLiteral("/NUVV11.chm"))) << utf8(sText);
 }
 
 TEST_F(TypesRoom, ATreeOfThreeLevelsGrowsByProposedNumbers) {

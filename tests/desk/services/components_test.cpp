@@ -188,6 +188,7 @@ TEST_F(Components, TheCreditTextTellsTheOpenBalance) {
 TEST_F(Components, AHelpTopicIsTakenThoughTheDeskHasNone) {
   const auto oHelp = session.registry().create("NUVCHMResTool.ClsCHMHelp");
   EXPECT_TRUE(oHelp->call(Member::ShowHelp, "NUVV11.chm", "RP1000201", 0).is_empty());
+  EXPECT_TRUE(session.platform().help_files().back().ends_with("\\NUVV11.chm"));
 }
 
 TEST_F(Components, SourceDataOfAPaymentTellsWhatWasGivenBack) {
