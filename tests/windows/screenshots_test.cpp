@@ -210,7 +210,6 @@ TEST_F(Screenshots, OfTheTypesAndTheirSmallBill) {
     TypeUser::save(dialog);
     TypeUser::leave(dialog);
   });
-  user.answer_next_box(Qt::Key_Y);
   user.key(Qt::Key_Return);
   user.types("收支类别一览");
   take(user.window, "type_list");
