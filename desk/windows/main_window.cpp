@@ -282,7 +282,7 @@ void MainWindow::show_help(const std::string& sPath) {
   const QString sFile = qt(native_path(sPath));
   if (QFileInfo::exists(sFile) && open_help_file(sPath)) return;
   const PointerShape pointer(Qt::ArrowCursor);
-  QMessageBox::information(this, words("帮助"), words("帮助文件“%1”打不开。请把它放在那里。").arg(sFile));
+  QMessageBox::information(this, words("帮助"), words("帮助文件“%1”无法打开，请检查它是否存在。").arg(sFile));
 }
 
 void MainWindow::put_out(void (*put)(const QString& sHtml, QWidget* pParent)) {

@@ -1,4 +1,5 @@
 #include "frame/failure.h"
+#include "frame/partner_credit.h"
 #include "frame/server_objects.h"
 #include "otherbills/other_bill.h"
 
@@ -100,7 +101,7 @@ void OtherBill::m_BillInterface_HeadCtlLostFocus(const FieldInfo& oField) {
   ResumeNext([&] {
     const std::string sCode = CodeOfPartner();
     if (sCode.empty()) return ClearCreditStatus();
-    ShowCreditOf(sCode, LongOf(oField.Value("FClassTypeID"_key)));
+    Bill().SetStatusPanel(kCreditPanel, GetCreditText(sCode, LongOf(oField.Value("FClassTypeID"_key))));
   });
 }
 

@@ -51,7 +51,7 @@ void SettlementBill::UncheckBillCommand(const Tool&, Variant& vCancel) {
     return;
   }
   const std::int32_t nInterID = oBill.InterID();
-  AskService(side_.sBillService, nInterID, CheckFlag::Uncheck);
+  const CheckAnswer answer = AskService(side_.sBillService, nInterID, CheckFlag::Uncheck);
   oBill.ReloadAfterCheck();
   oBill.ShowBillByID(nInterID);
 }

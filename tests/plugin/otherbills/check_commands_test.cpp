@@ -78,6 +78,15 @@ TEST_P(OtherCheck, AnUncheckIsLoggedUnderTheReceivablesCodeOnBothSides) {
   EXPECT_EQ(bill->shown_bills, std::vector<std::int32_t>{9});
 }
 
+TEST_P(OtherCheck, AnUncheckReadsTheBillsDateAheadOfThePeriod) {
+  trace().set_detail(Trace::Detail::All);
+  EXPECT_TRUE(bill->click("mnuEditUnCheck"));
+  const std::vector<std::string> aLines = trace().lines_with_any({"FDate", "ExecuteSQL("});
+  ASSERT_GE(aLines.size(), 2u);
+  EXPECT_NE(aLines.front().find("FDate"), std::string::npos) << aLines.front();
+  EXPECT_NE(aLines.back().find("ExecuteSQL("), std::string::npos) << aLines.back();
+}
+
 TEST_P(OtherCheck, AFailedUncheckIsLoggedAndLeavesTheBill) {
   session.check_result = kFailure;
   EXPECT_TRUE(bill->click("mnuEditUnCheck"));

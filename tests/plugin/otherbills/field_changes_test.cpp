@@ -31,6 +31,14 @@ TEST_P(OtherFieldChanges, AnAmountWithoutATypeAddsNothing) {
   EXPECT_EQ(bill->number("FAmountFor"), 60.1);
 }
 
+TEST_P(OtherFieldChanges, TheTypeOfTheBillIsReadBeforeASumIsWritten) {
+  trace().set_detail(Trace::Detail::All);
+  change("FBillAmountFor", 60.0, 1);
+  const std::vector<std::string> aLines = trace().lines_with_any({"FBillTypeId", "SetText(FAmountFor"});
+  ASSERT_GE(aLines.size(), 2u);
+  EXPECT_NE(aLines.front().find("FBillTypeId"), std::string::npos) << aLines.front();
+}
+
 TEST_P(OtherFieldChanges, ANegativeTypeAddsNothing) {
   bill->set_value("FInOutTypeId", 1, -1);
   change("FBillAmountFor", 60.0, 1);

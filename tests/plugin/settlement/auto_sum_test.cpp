@@ -42,6 +42,19 @@ TEST_P(AutoSum, AnAdvancePaymentIsSummed) {
   EXPECT_EQ(bill->number("FAmountFor", -1), 60);
 }
 
+TEST_P(AutoSum, TheRowsAreCountedBeforeTheDecimalsAreAskedFor) {
+  add_source(1, 60, 60);
+  session.ledger().fails(Member::GetCurrency, -5, "no");
+  trace().clear();
+  trace().set_detail(Trace::Detail::All);
+  sum();
+  const auto aLines = trace().lines_with_any({"GetDataFld(FExchangeRate", "BillEntrys(1)", "GetCurrency("});
+  ASSERT_GE(aLines.size(), 3u);
+  EXPECT_NE(aLines[aLines.size() - 3].find("FExchangeRate"), std::string::npos);
+  EXPECT_NE(aLines[aLines.size() - 2].find("BillEntrys"), std::string::npos);
+  EXPECT_NE(aLines.back().find("GetCurrency"), std::string::npos);
+}
+
 TEST_P(AutoSum, WithoutASourceRowItAsksForOne) {
   bill->add_row({{"FInterId", 0}, {side.sSourceNo, "X"}, {"FBillSettleAmount", 5.0}});
   sum();

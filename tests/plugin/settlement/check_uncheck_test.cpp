@@ -1,4 +1,7 @@
+#include <memory>
 #include "frame/conversions.h"
+
+#include "frame/open_choices.h"
 #include "plugin/settlement/settlement_fixture.h"
 
 namespace arap::testing {
@@ -52,6 +55,26 @@ TEST_P(CheckUncheck, ACheckThatTheServiceRefusesLocksNothingAndShowsTheBillAgain
   EXPECT_EQ(calls(), (Lines{access_line("1", "True"), "BillForm.SaveBill() -> True", service_line("1", "1"), box_line(),
                             "BillEvent.ReloadAfterCheck()", "BillEvent.ShowBillByID(9)"}));
   EXPECT_FALSE(bill->cell_locked("FAmountFor"));
+}
+
+TEST_P(CheckUncheck, TheServiceOfACommandIsReleasedAtItsEnd) {
+  std::weak_ptr<bool> service;
+  session.server(open_choices::kObjectFactory).on(Member::CreateServerObject, [&](Arguments args) -> Variant {
+    const std::string sProgID = plain_text(args[0]);
+    if (sProgID != side.sService) return Ref<Object>(&session.server(sProgID));
+    auto alive = std::make_shared<bool>(true);
+    service = alive;
+    return Ref<Object>(
+        make_object<PartObject>(sProgID, [alive](Member, Access, Arguments) -> Variant { return kSuccess; }));
+  });
+  bool bAliveAtReload = false;
+  bill->on_reload = [&] { bAliveAtReload = !service.expired(); };
+  for (const char* sTool : {"mnuEditCheck", "mnuEditUnCheck"}) {
+    bAliveAtReload = false;
+    bill->click(sTool);
+    EXPECT_TRUE(bAliveAtReload) << sTool;
+    EXPECT_TRUE(service.expired()) << sTool;
+  }
 }
 
 TEST_P(CheckUncheck, AnyAnswerButOneIsASuccess) {
